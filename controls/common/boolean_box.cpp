@@ -1,0 +1,237 @@
+#include "corvex/common/boolean_box.h"
+
+namespace corvex {
+
+namespace {
+constexpr const char16_t* kInnerName = u"chkBooleanBox";
+
+Boolean rawBoolean(const Variant& v) { return detail::ArgTraits<Boolean>::from(v); }
+std::int32_t toLong(const Variant& v) { return v.toLong(); }
+std::u16string toText(const Variant& v) { return v.toString(); }
+}  // namespace
+
+struct BooleanBox::Private {
+    std::unique_ptr<CheckBox> chk;
+    Boolean alwaysFalseWhenNotEnabled;
+    Boolean defaultValue;
+    std::u16string keyName;
+    std::u16string sectionName;
+    Variant storedValue;
+};
+
+BooleanBox::BooleanBox(ControlSite& site) : Control(site), d(std::make_unique<Private>()) {
+    WidgetSpec spec;
+    spec.name = kInnerName;
+    spec.listener = this;
+    spec.width = site.surface().scaleWidth();
+    spec.height = site.surface().scaleHeight();
+    d->chk = site.widgets().createCheckBox(spec);
+    // The inner check box's design: its caption is its own name on purpose.
+    d->chk->setCaption(kInnerName);
+    d->chk->setBackColor(color::ButtonFace);
+    d->chk->setForeColor(color::ButtonText);
+    d->chk->setFont(ambientFont());
+}
+
+BooleanBox::~BooleanBox() = default;
+
+const ClassInfo& BooleanBox::staticClassInfo() {
+    static const ClassInfo info = [] {
+        using B = BooleanBox;
+        EventTable ev;
+        // DblClick comes before Click in this class's event interface, on purpose.
+        ev.event(u"DblClick")
+            .event(u"Click")
+            .event(u"KeyDown", events::keyCodeShift())
+            .event(u"KeyPress", events::keyAscii())
+            .event(u"KeyUp", events::keyCodeShift())
+            .event(u"MouseDown", events::mouse())
+            .event(u"MouseMove", events::mouse())
+            .event(u"MouseUp", events::mouse())
+            .event(u"Resize");
+        events::addDeclaredLifecycle(ev);
+        return ClassInfo(
+            u"BooleanBox", ClassKind::Control,
+            MemberTable<B>()
+                .method(u"Cls", &B::cls)
+                .help(u"値をFalseにします。")
+                .method(u"Refresh", &B::refresh)
+                .help(u"コントロールを再描画します。")
+                .method(u"Restore", &B::restore)
+                .help(u"Storeで保存した値に戻します。")
+                .method(u"RestoreDefault", &B::restoreDefault)
+                .help(u"値をDefaultValueにします。")
+                .method(u"Store", &B::store)
+                .help(u"現在の値を保存します。")
+                .property(u"BackColor", &B::backColor, &B::setBackColor)
+                .help(u"背景色を設定します。")
+                .property(u"Caption", &B::caption, &B::setCaption)
+                .help(u"表示文字列を設定します。")
+                .property(u"DefaultValue", &B::defaultValue, &B::setDefaultValue)
+                .help(u"既定値を設定します。（デザイン時のみ）")
+                .property(u"Enabled", &B::enabled, &B::setEnabled)
+                .help(u"入力の可否を設定します。")
+                .property(u"Font", &B::font, &B::setFont)
+                .help(u"フォントを設定します。")
+                .property(u"ForeColor", &B::foreColor, &B::setForeColor)
+                .help(u"文字色を設定します。")
+                .property(u"KeyName", &B::keyName, &B::setKeyName)
+                .help(u"値を保存するキー名を設定します。")
+                .property(u"SectionName", &B::sectionName, &B::setSectionName)
+                .help(u"値を保存するセクション名を設定します。")
+                .property(u"Value", &B::value, &B::setValue)
+                .help(u"値（True/False）を設定します。")
+                .property(u"AlwaysFalseWhenNotEnabled", &B::alwaysFalseWhenNotEnabled,
+                          &B::setAlwaysFalseWhenNotEnabled)
+                .help(u"使用不可のとき常にFalseを返すかどうかを設定します。")
+                .build(),
+            ev.build(),
+            [](ControlSite& site) { return std::make_shared<BooleanBox>(site); },
+            {1800, 300});
+    }();
+    return info;
+}
+
+void BooleanBox::initProperties() {
+    d->alwaysFalseWhenNotEnabled = false;
+    d->defaultValue = false;
+    d->keyName.clear();
+    d->sectionName.clear();
+}
+
+void BooleanBox::readProperties(PropertyBag& bag) {
+    const Variant ambientFontValue(Font::make(ambientFont()));
+    d->chk->setBackColor(readSaved(bag, u"BackColor", color::ButtonFace, toLong));
+    d->chk->setCaption(readSaved(bag, u"Caption", kInnerName, toText));
+    d->chk->setEnabled(readSaved(bag, u"Enabled", true, [](const Variant& v) {
+        return static_cast<bool>(v.toBoolean());
+    }));
+    d->chk->setForeColor(readSaved(bag, u"ForeColor", color::ButtonText, toLong));
+    d->chk->setFont(readSaved(bag, u"Font", ambientFontValue, fontFromVariant));
+    d->alwaysFalseWhenNotEnabled = readSaved(bag, u"AlwaysFalseWhenNotEnabled", false, rawBoolean);
+    d->defaultValue = readSaved(bag, u"DefaultValue", false, rawBoolean);
+    d->keyName = readSaved(bag, u"KeyName", u"", toText);
+    d->sectionName = readSaved(bag, u"SectionName", u"", toText);
+    // A loaded control has 0 stored, so that Restore before any Store unchecks it;
+    // the check state itself always starts from DefaultValue.
+    d->storedValue = Variant(std::int16_t{0});
+    setValue(d->defaultValue);
+}
+
+void BooleanBox::writeProperties(PropertyBag& bag) {
+    bag.write(u"BackColor", d->chk->backColor(), color::ButtonFace);
+    bag.write(u"Caption", d->chk->caption(), kInnerName);
+    bag.write(u"Enabled", d->chk->enabled(), true);
+    bag.write(u"ForeColor", d->chk->foreColor(), color::ButtonText);
+    bag.write(u"Font", Variant(Font::make(d->chk->font())), Variant(Font::make(ambientFont())));
+    bag.write(u"AlwaysFalseWhenNotEnabled", d->alwaysFalseWhenNotEnabled, false);
+    bag.write(u"DefaultValue", d->defaultValue, false);
+    bag.write(u"KeyName", d->keyName, u"");
+    bag.write(u"SectionName", d->sectionName, u"");
+}
+
+void BooleanBox::resize() {
+    const Surface& s = site().surface();
+    d->chk->setHeight(s.scaleHeight());
+    d->chk->setWidth(s.scaleWidth());
+    raiseEvent(u"Resize");
+}
+
+void BooleanBox::cls() { setValue(false); }
+
+void BooleanBox::restore() {
+    if (hostEquals(d->storedValue, u"")) return;  // nothing was ever stored
+    d->chk->setValue(d->storedValue.toInteger());
+}
+
+void BooleanBox::restoreDefault() { setValue(d->defaultValue); }
+
+void BooleanBox::store() { d->storedValue = Variant(d->chk->value()).toString(); }
+
+std::int32_t BooleanBox::backColor() const { return d->chk->backColor(); }
+
+void BooleanBox::setBackColor(std::int32_t c) {
+    d->chk->setBackColor(c);
+    propertyChanged(u"BackColor");
+}
+
+std::u16string BooleanBox::caption() const { return d->chk->caption(); }
+
+void BooleanBox::setCaption(std::u16string c) {
+    d->chk->setCaption(c);
+    propertyChanged(u"Caption");
+}
+
+Boolean BooleanBox::defaultValue() const { return d->defaultValue; }
+
+void BooleanBox::setDefaultValue(Boolean v) {
+    requireDesignTime();
+    d->defaultValue = v;
+    propertyChanged(u"DefaultValue");
+    setValue(v);
+}
+
+bool BooleanBox::enabled() const { return d->chk->enabled(); }
+
+void BooleanBox::setEnabled(bool v) {
+    d->chk->setEnabled(v);
+    propertyChanged(u"Enabled");
+}
+
+std::shared_ptr<Font> BooleanBox::font() const { return Font::make(d->chk->font()); }
+
+void BooleanBox::setFont(std::shared_ptr<Font> f) {
+    if (!f) throw Error(err::ObjectRequired);
+    d->chk->setFont(f->desc());
+    propertyChanged(u"Font");
+}
+
+std::int32_t BooleanBox::foreColor() const { return d->chk->foreColor(); }
+
+void BooleanBox::setForeColor(std::int32_t c) {
+    d->chk->setForeColor(c);
+    propertyChanged(u"ForeColor");
+}
+
+std::u16string BooleanBox::keyName() const { return d->keyName; }
+
+void BooleanBox::setKeyName(std::u16string v) {
+    d->keyName = std::move(v);
+    propertyChanged(u"KeyName");
+}
+
+std::u16string BooleanBox::sectionName() const { return d->sectionName; }
+
+void BooleanBox::setSectionName(std::u16string v) {
+    d->sectionName = std::move(v);
+    propertyChanged(u"SectionName");
+}
+
+Boolean BooleanBox::value() const {
+    if (d->alwaysFalseWhenNotEnabled && !d->chk->enabled()) return false;
+    // Only a checked box is True: unchecked, grayed and any other state read False.
+    return d->chk->value() == 1;
+}
+
+void BooleanBox::setValue(Boolean v) {
+    // Only exactly True or False changes the box; other numbers are ignored on purpose.
+    if (v.isTrue()) {
+        d->chk->setValue(1);
+    } else if (v.isFalse()) {
+        d->chk->setValue(0);
+    }
+    propertyChanged(u"Value");
+}
+
+Boolean BooleanBox::alwaysFalseWhenNotEnabled() const { return d->alwaysFalseWhenNotEnabled; }
+
+void BooleanBox::setAlwaysFalseWhenNotEnabled(Boolean v) {
+    d->alwaysFalseWhenNotEnabled = v;
+    propertyChanged(u"AlwaysFalseWhenNotEnabled");
+}
+
+const Variant& BooleanBox::storedValue() const { return d->storedValue; }
+
+void BooleanBox::widgetEvent(Widget&, WidgetEvent& event) { passOn(event); }
+
+}  // namespace corvex

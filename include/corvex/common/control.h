@@ -1,0 +1,101 @@
+// What every control shares with its host: lifecycle, property-changed notification,
+// events passed on from the inner widgets, design-time checks and message language.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "corvex/common/messages.h"
+#include "corvex/common/object.h"
+#include "corvex/platform/property_bag.h"
+#include "corvex/platform/site.h"
+
+namespace corvex {
+
+/// The base of every control. The host creates a control on a site, then calls either
+/// initProperties (placed new in the designer) or readProperties (every later load),
+/// then resize and show; writeProperties when the designer saves the form.
+class Control : public Object, protected WidgetListener {
+public:
+    /// A control on its host site; the site outlives the control.
+    explicit Control(ControlSite& site);
+    ~Control() override;
+    Control(const Control&) = delete;
+    Control& operator=(const Control&) = delete;
+
+    /// The host side of this control.
+    ControlSite& site() const { return site_; }
+
+    /// Sets the properties to their defaults (a control newly placed in the designer).
+    virtual void initProperties() = 0;
+    /// Reads the saved properties from a bag, then runs the control's finishing steps.
+    virtual void readProperties(PropertyBag& bag) = 0;
+    /// Writes the saved properties into a bag, each with its default.
+    virtual void writeProperties(PropertyBag& bag) = 0;
+    /// Lays the inner widgets out after the surface changed size.
+    virtual void resize() {}
+    /// Called when the control is first shown.
+    virtual void show() {}
+    /// Repaints the control surface (the Refresh method of every control).
+    void refresh();
+
+protected:
+    /// Signals the host's property-changed notification under a saved name.
+    void propertyChanged(std::u16string_view name);
+    /// Raises an event of this class's event table; args are by reference.
+    void raiseEvent(std::u16string_view name, std::span<Variant> args = {});
+    /// The ambient UserMode: True at run time.
+    bool userMode() const;
+    /// The ambient font.
+    FontDesc ambientFont() const;
+    /// Raises 382 at run time, for properties that may be set only at design time.
+    void requireDesignTime() const;
+    /// The control's message table (the common codes only, unless overridden).
+    virtual const MessageTable& messageTable() const;
+    /// A message text in the locale's language, read at this moment.
+    std::u16string getMessageText(int code) const;
+    /// Shows the refusal box made of the texts of codes.
+    void showRefusal(std::initializer_list<int> codes) const;
+    /// Passes on the standard widget events (Click, DblClick, KeyDown, KeyPress, KeyUp and
+    /// the mouse events, converted to container units) under the same names. By-reference
+    /// key arguments changed by the host's handler are written back into event. Returns
+    /// false for other event types.
+    bool passOn(WidgetEvent& event);
+    /// Passes on one key event only (KeyDown, KeyPress or KeyUp).
+    void passOnKey(WidgetEvent& event);
+    /// Passes on one mouse event only, converting X and Y to container units.
+    void passOnMouse(const WidgetEvent& event);
+
+private:
+    ControlSite& site_;
+};
+
+/// Reads a saved property and converts it, naming the property in the error raised when
+/// the bag holds a value of the wrong kind.
+template <class Convert>
+auto readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def, Convert convert) {
+    Variant v = bag.read(name, def);
+    try {
+        return convert(v);
+    } catch (const Error& e) {
+        throw Error(e.number(), e.description() + u" (saved property \"" + std::u16string(name) + u"\")",
+                    e.source());
+    }
+}
+
+/// The event tables' entries shared by the controls that pass on widget events.
+namespace events {
+/// KeyDown(KeyCode, Shift) / KeyUp(KeyCode, Shift), by reference.
+std::vector<ParamInfo> keyCodeShift();
+/// KeyPress(KeyAscii), by reference.
+std::vector<ParamInfo> keyAscii();
+/// MouseDown/MouseMove/MouseUp(Button, Shift, X, Y).
+std::vector<ParamInfo> mouse();
+/// Adds the three declared, never raised events every event interface ends with.
+void addDeclaredLifecycle(EventTable& table);
+}  // namespace events
+
+}  // namespace corvex

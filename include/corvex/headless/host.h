@@ -1,0 +1,232 @@
+// The headless host: controls on in-memory widgets, with no window at all. Used by the
+// tests and by the script host; it behaves like real widgets where controls depend on it.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "corvex/common/control.h"
+#include "corvex/headless/widgets.h"
+#include "corvex/platform/form.h"
+#include "corvex/platform/site.h"
+
+namespace corvex::headless {
+
+class Site;
+class HeadlessForm;
+
+/// Hears what happens in a headless host, in the order it happens.
+class HostObserver {
+public:
+    virtual ~HostObserver() = default;
+    /// A message box was shown (before its answer is returned).
+    virtual void messageBoxShown(const MessageBoxRequest&) {}
+    /// A control raised an event; args are as the handlers left them.
+    virtual void eventRaised(Site&, const EventInfo&, std::span<const Variant>) {}
+    /// A control signalled property-changed.
+    virtual void propertyChanged(Site&, std::u16string_view) {}
+    /// A control's code gave one of its widgets the focus.
+    virtual void focusTaken(Site&) {}
+};
+
+/// The application-wide part of the headless host: ambient properties, message boxes
+/// with scripted answers, the clipboard and the application's title.
+class Host : public Ambient, public Application, public MessageBoxService, public Clipboard {
+public:
+    /// A host in run mode, locale 1033, with the default font.
+    Host();
+
+    std::int32_t localeId() const override { return localeId_; }
+    /// Sets the ambient LocaleID (1041 Japanese).
+    void setLocaleId(std::int32_t id) { localeId_ = id; }
+    bool userMode() const override { return userMode_; }
+    /// Sets the ambient UserMode (False: design time).
+    void setUserMode(bool v) { userMode_ = v; }
+    FontDesc font() const override { return font_; }
+    /// Sets the ambient font.
+    void setFont(FontDesc f) { font_ = std::move(f); }
+
+    std::u16string title() const override { return title_; }
+    /// Sets the application's title (the source of raised errors).
+    void setTitle(std::u16string t) { title_ = std::move(t); }
+
+    std::int32_t messageBox(const MessageBoxRequest& request) override;
+    /// The answer of the next message box (1 OK when none is queued).
+    void queueAnswer(std::int32_t answer) { answers_.push_back(answer); }
+    /// Every message box shown so far.
+    const std::vector<MessageBoxRequest>& messageBoxes() const { return shown_; }
+    /// Forgets the message boxes shown so far.
+    void clearMessageBoxes() { shown_.clear(); }
+
+    std::u16string text() const override { return clipboard_; }
+    void setText(const std::u16string& t) override { clipboard_ = t; }
+
+    /// Twips per screen pixel (15, a 96 dpi screen).
+    double twipsPerPixel() const { return 15; }
+
+    /// Who hears what happens; null for nobody.
+    void setObserver(HostObserver* o) { observer_ = o; }
+    /// The observer, or null.
+    HostObserver* observer() const { return observer_; }
+
+private:
+    std::int32_t localeId_ = LocaleEnglishUS;
+    bool userMode_ = true;
+    FontDesc font_;
+    std::u16string title_ = u"Corvex";
+    std::deque<std::int32_t> answers_;
+    std::vector<MessageBoxRequest> shown_;
+    std::u16string clipboard_;
+    HostObserver* observer_ = nullptr;
+};
+
+/// An event as the host received it, with its arguments after the handler ran.
+struct RaisedEvent {
+    std::u16string name;          ///< the event's name
+    int dispId = 0;               ///< its number in the class's event interface
+    std::vector<Variant> args;    ///< its arguments
+};
+
+/// The host side of one control on a headless form: its surface, widgets and sinks.
+class Site : public ControlSite,
+             public Surface,
+             public WidgetFactory,
+             public PropertyChangedSink,
+             public EventSink {
+public:
+    /// A site named name on a form of a host.
+    Site(Host& host, HeadlessForm& form, std::u16string name, float width, float height);
+    ~Site() override;
+
+    /// The control's name on the form.
+    const std::u16string& name() const { return name_; }
+    /// The control on this site.
+    Control& control() const { return *control_; }
+    /// The control as a shared object reference.
+    std::shared_ptr<Control> controlRef() const { return control_; }
+    /// The host.
+    Host& host() const { return host_; }
+    /// The form.
+    HeadlessForm& form() const { return form_; }
+
+    /// The widgets the control created, in creation order.
+    const std::vector<HeadlessWidget*>& widgetList() const { return widgets_; }
+    /// A widget by design name (and array index); null when there is none.
+    HeadlessWidget* widget(std::u16string_view name, std::int16_t index = -1) const;
+    /// The first widget that can take keys: the focused one, else the first text box,
+    /// else the first widget; null when the control has none.
+    HeadlessWidget* keyTarget() const;
+
+    /// Handlers the test or script installs; they may change by-reference arguments.
+    std::function<void(const EventInfo&, std::span<Variant>)> eventHandler;
+    /// Every event raised so far.
+    std::vector<RaisedEvent> events;
+    /// Every property-changed name signalled so far.
+    std::vector<std::u16string> changes;
+    /// How often the surface was asked to repaint.
+    int refreshCount = 0;
+    /// Forgets the recorded events and changes.
+    void clearRecords();
+    /// The names of the recorded events, in order.
+    std::vector<std::u16string> eventNames() const;
+
+    /// Resizes the control as the user or the form does (twips); the control lays out.
+    void resizeTo(float width, float height);
+    /// Sets the surface's scale mode.
+    void setScaleMode(ScaleMode mode) { scaleMode_ = mode; }
+
+    // ControlSite
+    Ambient& ambient() override { return host_; }
+    Surface& surface() override { return *this; }
+    WidgetFactory& widgets() override { return *this; }
+    PropertyChangedSink& propertyChangedSink() override { return *this; }
+    EventSink& eventSink() override { return *this; }
+    MessageBoxService& messageBoxes() override { return host_; }
+    Clipboard& clipboard() override { return host_; }
+    Application& application() override { return host_; }
+    Form* parentForm() override;
+
+    // Surface
+    float scaleWidth() const override;
+    float scaleHeight() const override;
+    ScaleMode scaleMode() const override { return scaleMode_; }
+    float scaleX(float value, ScaleMode from, ScaleMode to) const override;
+    float scaleY(float value, ScaleMode from, ScaleMode to) const override;
+    float width() const override { return width_; }
+    float height() const override { return height_; }
+    void setSize(float width, float height) override { resizeTo(width, height); }
+    void refresh() override { ++refreshCount; }
+
+    // WidgetFactory
+    std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& spec) override;
+    std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) override;
+
+    // Sinks
+    void propertyChanged(std::u16string_view name) override;
+    void raiseEvent(const EventInfo& event, std::span<Variant> args) override;
+
+private:
+    friend class HeadlessForm;
+    friend class HeadlessWidget;
+    void attach(std::shared_ptr<Control> control) { control_ = std::move(control); }
+    void forget(HeadlessWidget* w);
+    float convert(float value, ScaleMode from, ScaleMode to, bool horizontal) const;
+
+    Host& host_;
+    HeadlessForm& form_;
+    std::u16string name_;
+    float width_;
+    float height_;
+    ScaleMode scaleMode_ = ScaleMode::Twips;
+    std::vector<HeadlessWidget*> widgets_;
+    std::shared_ptr<Control> control_;
+};
+
+/// A form holding controls in creation order, with one keyboard focus among their widgets.
+class HeadlessForm : public Form {
+public:
+    /// An empty form of a host.
+    explicit HeadlessForm(Host& host);
+    ~HeadlessForm() override;
+
+    /// Places a new control: created, initialised as new, given its default size, shown.
+    Site& add(const ClassInfo& cls, std::u16string name);
+    /// Places a control loaded from a bag: created, read from the bag, sized, shown.
+    Site& load(const ClassInfo& cls, std::u16string name, PropertyBag& bag);
+    /// A control's site by name; null when there is none.
+    Site* find(std::u16string_view name) const;
+    /// The sites in creation order.
+    std::vector<Site*> sites() const;
+
+    /// Moves the keyboard focus as the user does (null: away from every widget).
+    void focus(HeadlessWidget* widget);
+    /// The widget that has the focus, or null.
+    HeadlessWidget* focused() const { return focused_; }
+
+    std::vector<ObjectRef> controls() const override;
+    float left() const override { return left_; }
+    float top() const override { return top_; }
+    float width() const override { return width_; }
+    float height() const override { return height_; }
+    void move(float left, float top, float width, float height) override;
+
+private:
+    friend class HeadlessWidget;
+    friend class Site;
+    Site& place(const ClassInfo& cls, std::u16string name, PropertyBag* bag);
+    void widgetGone(HeadlessWidget* w);
+
+    Host& host_;
+    std::vector<std::unique_ptr<Site>> sites_;
+    HeadlessWidget* focused_ = nullptr;
+    float left_ = 0;
+    float top_ = 0;
+    float width_ = 9600;
+    float height_ = 7200;
+};
+
+}  // namespace corvex::headless

@@ -1,0 +1,28 @@
+// The form that holds a control, as the service controls see it.
+#pragma once
+
+#include <vector>
+
+#include "corvex/common/variant.h"
+
+namespace corvex {
+
+/// The parent form of a control.
+class Form {
+public:
+    virtual ~Form() = default;
+    /// The form's controls in the form's own order (library controls and standard ones).
+    virtual std::vector<ObjectRef> controls() const = 0;
+    /// Left edge on the screen, twips.
+    virtual float left() const = 0;
+    /// Top edge on the screen, twips.
+    virtual float top() const = 0;
+    /// Outer width, twips.
+    virtual float width() const = 0;
+    /// Outer height, twips.
+    virtual float height() const = 0;
+    /// Moves and sizes the form.
+    virtual void move(float left, float top, float width, float height) = 0;
+};
+
+}  // namespace corvex

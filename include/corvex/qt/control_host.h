@@ -1,0 +1,135 @@
+// One control in a Qt window: the QWidget that is the control's surface and its site.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string_view>
+
+#include <QString>
+#include <QVariant>
+#include <QWidget>
+
+#include "corvex/common/control.h"
+#include "corvex/platform/site.h"
+
+namespace corvex::qt {
+
+class QtHost;
+
+/// The arguments of one raised event, as a Qt handler sees them. It refers to the
+/// control's own argument values: a by-reference argument changed here (KeyAscii set to
+/// 0, say) goes back to the control when the handler returns. Valid only during the
+/// signal's emission.
+class EventArgs {
+public:
+    /// Arguments of event, viewing values in place.
+    EventArgs(const EventInfo& event, std::span<Variant> values);
+
+    /// The event as its class declares it.
+    const EventInfo& event() const { return event_; }
+    /// The event's name.
+    QString eventName() const;
+    /// The number of arguments.
+    int count() const { return static_cast<int>(values_.size()); }
+    /// The name of argument i ("KeyAscii").
+    QString name(int i) const;
+    /// The position of the argument called name (ASCII case ignored), or -1.
+    int indexOf(const QString& name) const;
+    /// Whether argument i is by reference (its changes reach the control).
+    bool isByRef(int i) const;
+    /// Argument i as a QVariant (invalid when out of range).
+    QVariant value(int i) const;
+    /// The argument called name as a QVariant (invalid when there is none).
+    QVariant value(const QString& name) const;
+    /// Changes by-reference argument i, converted to its declared kind; false when it is
+    /// out of range, not by reference, or the value does not convert.
+    bool setValue(int i, const QVariant& value);
+    /// Changes the by-reference argument called name; as setValue(int, ...).
+    bool setValue(const QString& name, const QVariant& value);
+    /// Argument i as the core value itself (unchecked index).
+    Variant& variant(int i) { return values_[static_cast<std::size_t>(i)]; }
+    /// The event as text for logs: "KeyPress(KeyAscii=97)".
+    QString toString() const;
+
+private:
+    const EventInfo& event_;
+    std::span<Variant> values_;
+};
+
+/// The surface and site of one control. It creates the control from its class table,
+/// owns it, and tells the application what the control does through Qt signals.
+///
+/// The control's Surface (twips-based, the host's scale modes) and its property-changed
+/// sink are reached through surface() and propertyChangedSink(): QWidget already has
+/// width() and height() in pixels, and propertyChanged is this widget's signal.
+class QtControlHost : public QWidget, public ControlSite, public WidgetFactory, public EventSink {
+    Q_OBJECT
+
+public:
+    /// A surface for a new control of class cls, on parent, sitting on form (may be null).
+    /// Raises Error 13 when cls does not make a control.
+    QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent = nullptr,
+                  Form* form = nullptr);
+    ~QtControlHost() override;
+
+    /// Sets the control's properties to their defaults (a newly placed control), then lays it out.
+    void initNew();
+    /// Reads the control's saved properties from bag, then lays it out.
+    void load(PropertyBag& bag);
+    /// Writes the control's saved properties into bag.
+    void save(PropertyBag& bag);
+
+    /// The control.
+    Control& control() const;
+    /// The control as an object reference (for the member table and Form::controls).
+    ObjectRef object() const;
+    /// The control's class table.
+    const ClassInfo& classInfo() const;
+    /// The host services.
+    QtHost& host() const;
+    /// The inner Qt widget whose object name is name (the widget's design name), or null.
+    QWidget* innerWidget(const QString& name) const;
+
+    /// Sets the surface's scale mode (Twips by default).
+    void setScaleMode(ScaleMode mode);
+    /// Twips in one pixel horizontally (1440 / logical dpi).
+    double twipsPerPixelX() const;
+    /// Twips in one pixel vertically.
+    double twipsPerPixelY() const;
+
+    /// The class's default size, in pixels.
+    QSize sizeHint() const override;
+
+    Ambient& ambient() override;
+    Surface& surface() override;
+    WidgetFactory& widgets() override;
+    PropertyChangedSink& propertyChangedSink() override;
+    EventSink& eventSink() override;
+    MessageBoxService& messageBoxes() override;
+    Clipboard& clipboard() override;
+    Application& application() override;
+    Form* parentForm() override;
+
+    std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& spec) override;
+    std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) override;
+
+    /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
+    void raiseEvent(const EventInfo& event, std::span<Variant> args) override;
+
+signals:
+    /// The control changed the saved property name (a designer marks the form dirty).
+    void propertyChanged(const QString& name);
+    /// The control raised event name; connect directly (the default for one thread) to
+    /// change by-reference arguments through args.
+    void eventRaised(const QString& name, corvex::qt::EventArgs& args);
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace corvex::qt

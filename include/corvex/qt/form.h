@@ -1,0 +1,60 @@
+// A form in the Qt host: a top-level window that holds controls in creation order.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include <QString>
+
+#include "corvex/platform/form.h"
+
+class QWidget;
+
+namespace corvex {
+class ClassInfo;
+}
+
+namespace corvex::qt {
+
+class QtControlHost;
+class QtHost;
+
+/// The parent form of the controls placed in a top-level QWidget. Controls may sit
+/// anywhere inside the window (group boxes, layouts); the form keeps them in creation
+/// order and measures the window in twips. It is not itself a QWidget, because
+/// Form::width() (twips) and QWidget::width() (pixels) cannot share one class.
+class QtForm : public Form {
+public:
+    /// The form of window (not owned), for host's controls.
+    QtForm(QtHost& host, QWidget* window);
+    /// Unloads the controls still on the form, the last created first.
+    ~QtForm() override;
+    QtForm(const QtForm&) = delete;
+    QtForm& operator=(const QtForm&) = delete;
+
+    /// The window the form measures.
+    QWidget* window() const;
+    /// The host services.
+    QtHost& host() const;
+    /// Creates a control of class cls named name inside container (the window when null).
+    /// It is not initialised yet: call initNew() or load() on the result.
+    QtControlHost* addControl(const ClassInfo& cls, const QString& name,
+                              QWidget* container = nullptr);
+    /// The surfaces of the controls still on the form, in creation order.
+    std::vector<QtControlHost*> hosts() const;
+    /// The surface of the control named name, or null.
+    QtControlHost* find(const QString& name) const;
+
+    std::vector<ObjectRef> controls() const override;
+    float left() const override;
+    float top() const override;
+    float width() const override;
+    float height() const override;
+    void move(float left, float top, float width, float height) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace corvex::qt

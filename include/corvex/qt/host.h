@@ -1,0 +1,99 @@
+// The application-wide part of the Qt host: ambient properties, message boxes, the
+// clipboard and the application's title, taken from the running QApplication.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include <QList>
+#include <QMessageBox>
+#include <QString>
+
+#include "corvex/platform/ambient.h"
+#include "corvex/platform/application.h"
+#include "corvex/platform/clipboard.h"
+#include "corvex/platform/message_box.h"
+
+namespace corvex::qt {
+
+/// How one message-box style shows as a QMessageBox.
+struct MessageBoxLayout {
+    /// The icon (style & 0x70: 16 critical, 32 question, 48 warning, 64 information).
+    QMessageBox::Icon icon = QMessageBox::NoIcon;
+    /// The buttons in the host's order (style & 7), with Help last when asked for.
+    QList<QMessageBox::StandardButton> buttons;
+    /// The default button (style & 0x300 picks the first to the fourth; the first when absent).
+    QMessageBox::StandardButton defaultButton = QMessageBox::Ok;
+    /// Whether a Help button is added (style & 0x4000).
+    bool help = false;
+    /// Whether the text is right-aligned (style & 0x80000).
+    bool rightAligned = false;
+    /// Whether Escape and the close box dismiss the box (only with Cancel or a lone OK).
+    bool escapable = true;
+};
+
+/// The QMessageBox layout of a message-box style.
+MessageBoxLayout messageBoxLayout(std::int32_t style);
+/// The host's answer number of a pressed button (OK 1 ... No 7); 0 for Help or none.
+std::int32_t messageBoxAnswer(QMessageBox::StandardButton button);
+/// A prompt as QMessageBox text: carriage returns (and CR LF pairs) become line breaks.
+QString messageBoxText(std::u16string_view text);
+
+/// The host services shared by every control of a Qt application. Create it after the
+/// QApplication; it reads the application's locale, font and name at each use.
+class QtHost : public Ambient, public Application, public MessageBoxService, public Clipboard {
+public:
+    /// Shows message boxes in place of QMessageBox (tests, unattended runs).
+    using MessageBoxHandler = std::function<std::int32_t(const MessageBoxRequest&)>;
+    /// Hears errors that escaped a control's code while Qt delivered user input.
+    using ErrorHandler = std::function<void(const std::exception&)>;
+
+    /// A host in run mode that follows the application's locale.
+    QtHost();
+    ~QtHost() override;
+    QtHost(const QtHost&) = delete;
+    QtHost& operator=(const QtHost&) = delete;
+
+    /// 1041 when the locale is Japanese (or set so), 1033 otherwise.
+    std::int32_t localeId() const override;
+    /// Overrides the locale identifier that controls see.
+    void setLocaleId(std::int32_t id);
+    /// Follows the application's QLocale again.
+    void resetLocaleId();
+    /// Whether the controls run (true) or sit in a designer (false).
+    bool userMode() const override;
+    /// Sets the ambient UserMode.
+    void setUserMode(bool v);
+    /// The application's font (QApplication::font()).
+    FontDesc font() const override;
+
+    /// The application's display name, or its name when it has none.
+    std::u16string title() const override;
+
+    /// Shows a modal QMessageBox (or asks the handler) and returns the answer number.
+    std::int32_t messageBox(const MessageBoxRequest& request) override;
+    /// Routes message boxes to a handler instead of showing them; an empty one restores boxes.
+    void setMessageBoxHandler(MessageBoxHandler handler);
+
+    /// The clipboard's text.
+    std::u16string text() const override;
+    /// Replaces the clipboard's content by text.
+    void setText(const std::u16string& text) override;
+
+    /// Hears errors raised by controls while handling user input (default: a Qt warning).
+    void setErrorHandler(ErrorHandler handler);
+    /// Reports an error that reached the Qt event loop's side of the host.
+    void reportError(const std::exception& error);
+
+private:
+    std::optional<std::int32_t> localeId_;
+    bool userMode_ = true;
+    MessageBoxHandler messageBoxHandler_;
+    ErrorHandler errorHandler_;
+};
+
+}  // namespace corvex::qt

@@ -1,0 +1,22 @@
+#include "corvex/library/class_table.h"
+
+#include "corvex/common/boolean_box.h"
+#include "corvex/common/text.h"
+
+namespace corvex {
+
+const std::vector<const ClassInfo*>& publicClasses() {
+    static const std::vector<const ClassInfo*> classes = {
+        &BooleanBox::staticClassInfo(),
+    };
+    return classes;
+}
+
+const ClassInfo* findClass(std::u16string_view name) {
+    for (const ClassInfo* c : publicClasses()) {
+        if (equalsIgnoringCase(c->name(), name)) return c;
+    }
+    return nullptr;
+}
+
+}  // namespace corvex
