@@ -114,12 +114,37 @@ TEST_F(HeadlessTextBoxTest, shouldInsertNothingForEnterInASingleLineBox) {
     EXPECT_EQ(box->text(), u"1");
 }
 
-TEST_F(HeadlessTextBoxTest, shouldNotPasteOnCtrlVByItself) {
+TEST_F(HeadlessTextBoxTest, shouldCutAndPasteByItselfWithNativeClipboardKeys) {
     h.host().setText(u"pasted");
     box->pressKey(86, key::CtrlMask);
-    EXPECT_EQ(box->text(), u"") << "clipboard keys are the control's business";
+    EXPECT_EQ(box->text(), u"pasted");
     EXPECT_EQ(rec.count(WidgetEventType::KeyDown), 1);
     EXPECT_EQ(rec.count(WidgetEventType::KeyPress), 0);
+    box->setSelStart(0);
+    box->setSelLength(3);
+    box->pressKey(88, key::CtrlMask);
+    EXPECT_EQ(box->text(), u"ted");
+    EXPECT_EQ(h.host().text(), u"pas");
+}
+
+TEST_F(HeadlessTextBoxTest, shouldLeaveClipboardKeysToAHandlerThatZeroesTheKeyCode) {
+    rec.onEvent = [](WidgetEvent& e) {
+        if (e.type == WidgetEventType::KeyDown) e.keyCode = 0;
+    };
+    h.host().setText(u"pasted");
+    box->pressKey(86, key::CtrlMask);
+    EXPECT_EQ(box->text(), u"");
+}
+
+TEST_F(HeadlessTest, shouldNotPasteWhenNativeClipboardKeysAreOff) {
+    h.add(BooleanBox::staticClassInfo(), u"host");
+    TextBoxSpec spec;
+    spec.name = u"txtInput";
+    spec.nativeClipboard = false;
+    auto box = h.site(u"host").createTextBox(spec);
+    h.host().setText(u"pasted");
+    static_cast<headless::HeadlessTextBox&>(*box).pressKey(86, key::CtrlMask);
+    EXPECT_EQ(box->text(), u"") << "the control handles the clipboard keys itself";
 }
 
 TEST_F(HeadlessTextBoxTest, shouldClampTheSelectionToTheText) {

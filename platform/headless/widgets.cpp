@@ -103,6 +103,7 @@ void HeadlessWidget::pressKey(std::int16_t keyCode, std::int16_t shift) {
     down.keyCode = keyCode;
     down.shift = shift;
     emit(down);
+    keyPressedDown(down.keyCode, down.shift);
     WidgetEvent up;
     up.type = WidgetEventType::KeyUp;
     up.keyCode = keyCode;
@@ -138,7 +139,19 @@ HeadlessTextBox::HeadlessTextBox(Site& site, const TextBoxSpec& spec)
     : HeadlessWidget(site, spec),
       alignment_(spec.alignment),
       multiLine_(spec.multiLine),
-      scrollBars_(spec.scrollBars) {}
+      scrollBars_(spec.scrollBars),
+      nativeClipboard_(spec.nativeClipboard) {}
+
+void HeadlessTextBox::keyPressedDown(std::int16_t keyCode, std::int16_t shift) {
+    if (!nativeClipboard_ || (shift & key::CtrlMask) == 0) return;
+    Clipboard& clipboard = site().host();
+    if (keyCode == 'C' || keyCode == 'X') {
+        if (selLength_ > 0) clipboard.setText(selText());
+        if (keyCode == 'X' && !locked_) replaceSelection(u"", false);
+    } else if (keyCode == 'V' && !locked_) {
+        replaceSelection(clipboard.text(), true);
+    }
+}
 
 void HeadlessTextBox::changed(const std::u16string& before) {
     if (text_ == before) return;

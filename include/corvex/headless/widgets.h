@@ -74,6 +74,9 @@ protected:
     virtual void characterTyped(char16_t) {}
     /// What the widget does when a key goes up.
     virtual void keyReleased(std::int16_t) {}
+    /// What the widget does after KeyDown of a key without a character (keyCode may
+    /// have been changed by the listener).
+    virtual void keyPressedDown(std::int16_t, std::int16_t) {}
     /// What a click does beyond the mouse events and before Click; returns whether the
     /// widget raises Click itself (a check box does when its value changes).
     virtual bool clicked() { return false; }
@@ -142,6 +145,7 @@ public:
 
 protected:
     void characterTyped(char16_t ch) override;
+    void keyPressedDown(std::int16_t keyCode, std::int16_t shift) override;
 
 private:
     void replaceSelection(std::u16string insert, bool limited);
@@ -156,6 +160,7 @@ private:
     std::int16_t alignment_;
     bool multiLine_;
     std::int16_t scrollBars_;
+    bool nativeClipboard_;
 };
 
 }  // namespace corvex::headless

@@ -149,7 +149,10 @@ public:
 
 /// A text box. Text, caret and MaxLength count UTF-16 code units. Change is raised on
 /// every change of the text, by typing or by code; typing inserts at the caret and
-/// replaces the selection, and MaxLength (0: none) refuses characters beyond it.
+/// replaces the selection, and MaxLength (0: none) refuses characters beyond it. With
+/// its native clipboard keys on, Ctrl+C, Ctrl+X and Ctrl+V copy, cut and paste after
+/// KeyDown (unless a KeyDown handler set the key code to 0); control characters typed
+/// never insert anything.
 class TextBox : public virtual Widget {
 public:
     /// The text.
@@ -199,6 +202,9 @@ struct TextBoxSpec : WidgetSpec {
     std::int16_t alignment = 0;  ///< 0 left, 1 right, 2 centre
     bool multiLine = false;      ///< several lines
     std::int16_t scrollBars = 0; ///< 0 none, 1 horizontal, 2 vertical, 3 both
+    /// Whether Ctrl+C, Ctrl+X and Ctrl+V act on the clipboard by themselves. A control that
+    /// handles the clipboard keys in KeyDown turns this off, so that nothing happens twice.
+    bool nativeClipboard = true;
 };
 
 /// Creates the inner widgets of one control on its surface.
