@@ -3,14 +3,16 @@
 #include <gtest/gtest.h>
 
 #include <bit>
-#include <charconv>
+#include <cerrno>
 #include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <limits>
 #include <optional>
 #include <random>
 #include <string>
-#include <system_error>
 
 #include "corvex/common/text.h"
 
@@ -23,21 +25,21 @@ std::string fmtSigned(double d) { return toUtf8(formatDoubleWithSign(d)); }
 ParsedNumber parse(std::string_view ascii) { return parseDouble(u16(ascii)); }
 
 // The value rounded to 15 significant digits, worked out independently of the code
-// under test through <charconv>; nothing when that rounding is beyond the largest Double.
+// under test by the C library; nothing when that rounding is beyond the largest Double.
 std::optional<double> roundedTo15(double d) {
     char buf[64];
-    const auto r = std::to_chars(buf, buf + sizeof buf, d, std::chars_format::scientific, 14);
-    double back = 0;
-    if (std::from_chars(buf, r.ptr, back).ec != std::errc()) return std::nullopt;
+    std::snprintf(buf, sizeof buf, "%.14e", d);
+    errno = 0;
+    const double back = std::strtod(buf, nullptr);
+    if (errno == ERANGE && std::isinf(back)) return std::nullopt;
     return back;
 }
 
-// The decimal exponent of the 15-digit rounding of d, again through <charconv>.
+// The decimal exponent of the 15-digit rounding of d, again by the C library.
 int roundedExponent(double d) {
     char buf[64];
-    const auto r = std::to_chars(buf, buf + sizeof buf, d, std::chars_format::scientific, 14);
-    const std::string s(buf, r.ptr);
-    return std::stoi(s.substr(s.find('e') + 1));
+    std::snprintf(buf, sizeof buf, "%.14e", d);
+    return std::atoi(std::strchr(buf, 'e') + 1);
 }
 
 // ---------------------------------------------------------------------------------

@@ -2,8 +2,6 @@
 
 #include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <system_error>
 
@@ -18,20 +16,24 @@ struct Decimal {
     int exponent = 0;
 };
 
-// printf's %e rounds the exact binary value correctly (ties to even), and it also
-// carries a round-up into the exponent ("9.99..." -> "1.00...e+N+1"), so the exponent
-// we get is that of the rounded value, which is the one that picks the layout.
+// <charconv> rounds the exact binary value correctly (ties to even) and carries a
+// round-up into the exponent ("9.99..." -> "1.00...e+N+1"), so the exponent we get is
+// that of the rounded value, which is the one that picks the layout. Unlike printf it
+// ignores the process locale, whose decimal point need not be ".".
 Decimal roundToDigits(double magnitude, int significantDigits) {
     char buf[64];
-    const int n =
-        std::snprintf(buf, sizeof buf, "%.*e", significantDigits - 1, magnitude);
+    const auto r = std::to_chars(buf, buf + sizeof buf, magnitude,
+                                 std::chars_format::scientific, significantDigits - 1);
     Decimal d;
-    int i = 0;
-    for (; i < n && buf[i] != 'e'; ++i) {
-        if (buf[i] >= '0' && buf[i] <= '9') d.digits += buf[i];
+    const char* p = buf;
+    for (; p != r.ptr && *p != 'e'; ++p) {
+        if (*p >= '0' && *p <= '9') d.digits += *p;
     }
-    // What follows 'e' is a sign and at least two digits, always in range of int.
-    d.exponent = std::atoi(buf + i + 1);
+    // What follows 'e' is a sign and at least two digits.
+    const bool negative = p + 1 < r.ptr && p[1] == '-';
+    int e = 0;
+    std::from_chars(p + 2, r.ptr, e);
+    d.exponent = negative ? -e : e;
     while (d.digits.size() > 1 && d.digits.back() == '0') d.digits.pop_back();
     return d;
 }

@@ -1,0 +1,106 @@
+// The main of every benchmark executable: runs the benchmarks as usual, then sets each
+// "<Case>/corvex" against its "<Case>/qt" so that the comparison is read off directly.
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+
+#include <cstdio>
+#include <map>
+#include <sstream>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace {
+
+// Reports to the console as the library would, and keeps the real time per iteration of
+// every run of a benchmark whose name has a "corvex" or "qt" part.
+class RatioReporter : public benchmark::BenchmarkReporter {
+public:
+    RatioReporter()
+        : console_(isatty(STDOUT_FILENO) ? benchmark::ConsoleReporter::OO_ColorTabular
+                                         : benchmark::ConsoleReporter::OO_Tabular) {}
+
+    bool ReportContext(const Context& context) override {
+        return console_.ReportContext(context);
+    }
+
+    void ReportRuns(const std::vector<Run>& runs) override {
+        console_.ReportRuns(runs);
+        for (const Run& run : runs) {
+            // Aggregates (mean, median, ...) of repetitions would count the same runs twice.
+            if (run.run_type != Run::RT_Iteration || run.error_occurred || run.iterations <= 0) {
+                continue;
+            }
+            auto [caseName, side] = splitName(run.run_name.str());
+            if (side.empty()) continue;
+            if (!cases_.count(caseName)) order_.push_back(caseName);
+            Times& t = cases_[caseName];
+            const double perIteration =
+                run.real_accumulated_time / static_cast<double>(run.iterations);
+            (side == "corvex" ? t.corvex : t.qt).add(perIteration);
+        }
+    }
+
+    void Finalize() override { console_.Finalize(); }
+
+    // One line per case that ran on both sides.
+    void printRatios() const {
+        for (const std::string& name : order_) {
+            const Times& t = cases_.at(name);
+            if (t.corvex.count == 0 || t.qt.count == 0 || t.qt.mean() <= 0) continue;
+            std::printf("ratio %s: corvex/qt = %.2f\n", name.c_str(),
+                        t.corvex.mean() / t.qt.mean());
+        }
+        std::fflush(stdout);
+    }
+
+private:
+    struct Mean {
+        double sum = 0;
+        int count = 0;
+        void add(double v) {
+            sum += v;
+            ++count;
+        }
+        double mean() const { return count ? sum / count : 0; }
+    };
+    struct Times {
+        Mean corvex;
+        Mean qt;
+    };
+
+    // "Format/corvex/real_time" -> {"Format/real_time", "corvex"}; no side when the name
+    // has neither part.
+    static std::pair<std::string, std::string> splitName(const std::string& full) {
+        std::vector<std::string> parts;
+        std::stringstream in(full);
+        for (std::string part; std::getline(in, part, '/');) parts.push_back(part);
+        std::string caseName;
+        std::string side;
+        for (const std::string& part : parts) {
+            if (side.empty() && (part == "corvex" || part == "qt")) {
+                side = part;
+                continue;
+            }
+            if (!caseName.empty()) caseName += '/';
+            caseName += part;
+        }
+        return {caseName, side};
+    }
+
+    benchmark::ConsoleReporter console_;
+    std::map<std::string, Times> cases_;
+    std::vector<std::string> order_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    benchmark::Initialize(&argc, argv);
+    if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
+    RatioReporter reporter;
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    reporter.printRatios();
+    benchmark::Shutdown();
+    return 0;
+}
