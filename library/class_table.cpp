@@ -2,12 +2,15 @@
 
 #include "corvex/common/boolean_box.h"
 #include "corvex/common/text.h"
+#include "corvex/entry/num_input_box.h"
 
 namespace corvex {
 
 const std::vector<const ClassInfo*>& publicClasses() {
     static const std::vector<const ClassInfo*> classes = {
         &BooleanBox::staticClassInfo(),
+        &NumInputBox::staticClassInfo(),
+        &NumInputBoxR::staticClassInfo(),
     };
     return classes;
 }

@@ -43,6 +43,14 @@ public:
                        std::int16_t index = -1) = 0;
     /// The user types text into the control's focused (or first) text widget.
     virtual void typeText(const std::u16string& control, const std::u16string& text) = 0;
+    /// The user presses and releases a key (no character) on the control's focused (or
+    /// first) widget.
+    virtual void pressKey(const std::u16string& control, std::int16_t keyCode,
+                          std::int16_t shift) = 0;
+    /// Puts text on the clipboard.
+    virtual void setClipboardText(const std::u16string& text) = 0;
+    /// The clipboard's text.
+    virtual std::u16string clipboardText() = 0;
     /// The user or the form resizes the control (twips).
     virtual void resize(const std::u16string& control, float width, float height) = 0;
     /// Sets the control surface's scale mode.

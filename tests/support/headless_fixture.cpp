@@ -48,6 +48,13 @@ void HeadlessHarness::typeText(const std::u16string& control, const std::u16stri
     for (char16_t c : text) w->type(c);
 }
 
+void HeadlessHarness::pressKey(const std::u16string& control, std::int16_t keyCode,
+                               std::int16_t shift) {
+    headless::HeadlessWidget* w = site(control).keyTarget();
+    if (!w) throw std::runtime_error("the control has no widget to press keys on");
+    w->pressKey(keyCode, shift);
+}
+
 void HeadlessHarness::resize(const std::u16string& control, float width, float height) {
     site(control).resizeTo(width, height);
 }

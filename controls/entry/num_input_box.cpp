@@ -1,0 +1,499 @@
+#include "corvex/entry/num_input_box.h"
+
+#include "corvex/entry/numeric_rules.h"
+
+namespace corvex {
+
+namespace {
+constexpr const char16_t* kInnerName = u"txtInput";
+constexpr std::int16_t kDefaultIme = static_cast<std::int16_t>(CorvexIMEMode::IMEDisable);
+
+bool toBool(const Variant& v) { return static_cast<bool>(v.toBoolean()); }
+std::int32_t toLong(const Variant& v) { return v.toLong(); }
+std::int16_t toInteger(const Variant& v) { return v.toInteger(); }
+double toDouble(const Variant& v) { return v.toDouble(); }
+std::u16string toText(const Variant& v) { return v.toString(); }
+}  // namespace
+
+struct NumericInputBox::Private {
+    std::unique_ptr<TextBox> txt;
+    std::u16string defaultValue;
+    std::int32_t errBase = err::ObjectErrorBase;
+    bool errFlag = false;
+    std::u16string keyName;
+    bool limitCheck = false;
+    double lowerLimit = 0;
+    std::int32_t mode = 0;
+    bool mustEnter = false;
+    std::int32_t mustEnterColor = color::Red;
+    std::u16string sectionName;
+    double upperLimit = 0;
+    bool validateAtLostFocus = true;
+    std::int32_t normalBackColor = color::WindowBackground;
+    Variant storedValue;
+    std::int16_t lastInt = 0;
+    std::int32_t lastLng = 0;
+    float lastSng = 0;
+    double lastDbl = 0;
+};
+
+NumericInputBox::NumericInputBox(ControlSite& site, std::int16_t alignment)
+    : Control(site), d(std::make_unique<Private>()) {
+    TextBoxSpec spec;
+    spec.name = kInnerName;
+    spec.listener = this;
+    spec.width = site.surface().scaleWidth();
+    spec.height = site.surface().scaleHeight();
+    spec.alignment = alignment;
+    spec.nativeClipboard = false;  // the clipboard keys are this control's own
+    d->txt = site.widgets().createTextBox(spec);
+    d->txt->setBackColor(color::WindowBackground);
+    d->txt->setForeColor(color::WindowText);
+    d->txt->setFont(ambientFont());
+    d->txt->setImeMode(kDefaultIme);
+}
+
+NumericInputBox::~NumericInputBox() = default;
+
+template <class C>
+std::vector<MemberInfo> NumericInputBox::members() {
+    using B = NumericInputBox;
+    return MemberTable<C>()
+        .method(u"Cls", &B::cls)
+        .help(u"テキストを消去します。")
+        .method(u"Refresh", &B::refresh)
+        .help(u"コントロールを再描画します。")
+        .method(u"Restore", &B::restore)
+        .help(u"Storeで保存したテキストに戻します。")
+        .method(u"RestoreDefault", &B::restoreDefault)
+        .help(u"値をDefaultValueにします。")
+        .method(u"Store", &B::store)
+        .help(u"現在のテキストを保存します。")
+        .method(u"Cancel", &B::cancel)
+        .help(u"入力値が不正のときTrueを返します。")
+        .method(u"ValidateValue", &B::validateValue)
+        .help(u"入力値を検査し、正しければTrueを返します。")
+        .property(u"BackColor", &B::backColor, &B::setBackColor)
+        .help(u"背景色を設定します。")
+        .property(u"DefaultValue", &B::defaultValue, &B::setDefaultValue)
+        .help(u"既定値を設定します。（デザイン時のみ）")
+        .property(u"Enabled", &B::enabled, &B::setEnabled)
+        .help(u"入力の可否を設定します。")
+        .getOnly(u"ErrFlag", &B::errFlag)
+        .help(u"変換エラーが起きたかどうかを返します。")
+        .property(u"Font", &B::font, &B::setFont)
+        .help(u"フォントを設定します。")
+        .property(u"ForeColor", &B::foreColor, &B::setForeColor)
+        .help(u"文字色を設定します。")
+        .property(u"IMEMode", &B::imeMode, &B::setImeMode)
+        .help(u"IMEのモードを設定します。")
+        .property(u"KeyName", &B::keyName, &B::setKeyName)
+        .help(u"値を保存するキー名を設定します。")
+        .property(u"LimitCheck", &B::limitCheck, &B::setLimitCheck)
+        .help(u"入力範囲を検査するかどうかを設定します。")
+        .property(u"LowerLimit", &B::lowerLimit, &B::setLowerLimit)
+        .help(u"入力範囲の下限を設定します。")
+        .property(u"MaxLength", &B::maxLength, &B::setMaxLength)
+        .help(u"最大文字数を設定します。")
+        .property(u"Mode", &B::mode, &B::setMode)
+        .help(u"入力モードを設定します。")
+        .property(u"MustEnter", &B::mustEnter, &B::setMustEnter)
+        .help(u"必須入力かどうかを設定します。")
+        .property(u"MustEnterColor", &B::mustEnterColor, &B::setMustEnterColor)
+        .help(u"必須入力が空のときの背景色を設定します。")
+        .property(u"SectionName", &B::sectionName, &B::setSectionName)
+        .help(u"値を保存するセクション名を設定します。")
+        .property(u"SelLength", &B::selLength, &B::setSelLength)
+        .help(u"選択文字数を設定します。")
+        .property(u"SelStart", &B::selStart, &B::setSelStart)
+        .help(u"選択開始位置を設定します。")
+        .property(u"SelText", &B::selText, &B::setSelText)
+        .help(u"選択文字列を設定します。")
+        .property(u"Text", &B::text, &B::setText)
+        .help(u"テキストを設定します。")
+        .property(u"UpperLimit", &B::upperLimit, &B::setUpperLimit)
+        .help(u"入力範囲の上限を設定します。")
+        .getOnly(u"ValDbl", &B::valDbl)
+        .help(u"テキストを倍精度で返します。")
+        .property(u"ValidateAtLostFocus", &B::validateAtLostFocus, &B::setValidateAtLostFocus)
+        .help(u"フォーカスを失うときに検査するかどうかを設定します。")
+        .getOnly(u"ValInt", &B::valInt)
+        .help(u"テキストを整数で返します。")
+        .getOnly(u"ValLng", &B::valLng)
+        .help(u"テキストを長整数で返します。")
+        .getOnly(u"ValSng", &B::valSng)
+        .help(u"テキストを単精度で返します。")
+        .property(u"Value", &B::value, &B::setValue)
+        .help(u"値（テキスト）を設定します。")
+        .property(u"ErrBase", &B::errBase, &B::setErrBase)
+        .help(u"エラー番号の基数を設定します。")
+        .build();
+}
+
+std::vector<EventInfo> NumericInputBox::eventList() {
+    EventTable ev;
+    ev.event(u"Change")
+        .event(u"Click")
+        .event(u"DblClick")
+        .event(u"KeyDown", events::keyCodeShift())
+        .event(u"KeyPress", events::keyAscii())
+        .event(u"KeyUp", events::keyCodeShift())
+        .event(u"MouseDown", events::mouse())
+        .event(u"MouseMove", events::mouse())
+        .event(u"MouseUp", events::mouse());
+    events::addDeclaredLifecycle(ev);
+    return ev.build();
+}
+
+const ClassInfo& NumInputBox::staticClassInfo() {
+    static const ClassInfo info(
+        u"NumInputBox", ClassKind::Control, members<NumInputBox>(), eventList(),
+        [](ControlSite& site) { return std::make_shared<NumInputBox>(site); }, {1800, 300});
+    return info;
+}
+
+const ClassInfo& NumInputBoxR::staticClassInfo() {
+    static const ClassInfo info(
+        u"NumInputBoxR", ClassKind::Control, members<NumInputBoxR>(), eventList(),
+        [](ControlSite& site) { return std::make_shared<NumInputBoxR>(site); }, {1800, 300});
+    return info;
+}
+
+const MessageTable& NumericInputBox::messageTable() const { return numeric::messages(); }
+
+// --- lifecycle ---------------------------------------------------------------------
+
+void NumericInputBox::initProperties() {
+    d->defaultValue.clear();
+    d->errBase = err::ObjectErrorBase;
+    d->errFlag = false;
+    d->keyName.clear();
+    d->limitCheck = false;
+    d->lowerLimit = 0;
+    d->mode = static_cast<std::int32_t>(InputMode::PM_decimal);
+    d->mustEnter = false;
+    d->mustEnterColor = color::Red;
+    d->sectionName.clear();
+    d->upperLimit = 0;
+    d->validateAtLostFocus = true;
+}
+
+void NumericInputBox::readProperties(PropertyBag& bag) {
+    TextBox& t = *d->txt;
+    t.setBackColor(readSaved(bag, u"BackColor", color::WindowBackground, toLong));
+    t.setEnabled(readSaved(bag, u"Enabled", true, toBool));
+    t.setForeColor(readSaved(bag, u"ForeColor", color::WindowText, toLong));
+    t.setImeMode(readSaved(bag, u"IMEMode", std::int32_t{kDefaultIme}, toInteger));
+    // The font goes through the Font property, as a designer sets it.
+    setFont(Font::make(
+        readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant)));
+    t.setMaxLength(readSaved(bag, u"MaxLength", std::int16_t{0}, toInteger));
+    d->defaultValue = readSaved(bag, u"DefaultValue", u"", toText);
+    d->keyName = readSaved(bag, u"KeyName", u"", toText);
+    d->limitCheck = readSaved(bag, u"LimitCheck", false, toBool);
+    d->lowerLimit = readSaved(bag, u"LowerLimit", 0.0, toDouble);
+    d->mode = readSaved(bag, u"Mode", std::int16_t{0}, toInteger);
+    d->mustEnter = readSaved(bag, u"MustEnter", false, toBool);
+    d->mustEnterColor = readSaved(bag, u"MustEnterColor", color::Red, toLong);
+    d->sectionName = readSaved(bag, u"SectionName", u"", toText);
+    d->upperLimit = readSaved(bag, u"UpperLimit", 0.0, toDouble);
+    d->validateAtLostFocus = readSaved(bag, u"ValidateAtLostFocus", true, toBool);
+
+    // The colour a filled MustEnter box returns to is the one just loaded, and only it.
+    d->normalBackColor = t.backColor();
+    if (userMode()) updateMustEnterColor();
+    t.setText(d->defaultValue);
+    refresh();
+    d->errBase = readSaved(bag, u"ErrBase", err::ObjectErrorBase, toLong);
+}
+
+void NumericInputBox::writeProperties(PropertyBag& bag) {
+    const TextBox& t = *d->txt;
+    bag.write(u"BackColor", t.backColor(), color::WindowBackground);
+    bag.write(u"Enabled", t.enabled(), true);
+    bag.write(u"ForeColor", t.foreColor(), color::WindowText);
+    bag.write(u"IMEMode", std::int32_t{t.imeMode()}, std::int32_t{kDefaultIme});
+    bag.write(u"Font", Variant(Font::make(t.font())), Variant(Font::make(ambientFont())));
+    bag.write(u"MaxLength", static_cast<std::int16_t>(t.maxLength()), std::int16_t{0});
+    bag.write(u"DefaultValue", d->defaultValue, u"");
+    bag.write(u"KeyName", d->keyName, u"");
+    bag.write(u"LimitCheck", d->limitCheck, false);
+    bag.write(u"LowerLimit", d->lowerLimit, 0.0);
+    bag.write(u"Mode", Variant(d->mode).toInteger(), std::int16_t{0});
+    bag.write(u"MustEnter", d->mustEnter, false);
+    bag.write(u"MustEnterColor", d->mustEnterColor, color::Red);
+    bag.write(u"SectionName", d->sectionName, u"");
+    bag.write(u"UpperLimit", d->upperLimit, 0.0);
+    bag.write(u"ValidateAtLostFocus", d->validateAtLostFocus, true);
+    bag.write(u"ErrBase", d->errBase, err::ObjectErrorBase);
+}
+
+void NumericInputBox::resize() {
+    const Surface& s = site().surface();
+    d->txt->setWidth(s.scaleWidth());
+    d->txt->setHeight(s.scaleHeight());
+}
+
+// --- behaviour ---------------------------------------------------------------------
+
+void NumericInputBox::updateMustEnterColor() {
+    if (d->mustEnter) {
+        d->txt->setBackColor(d->txt->text().empty() ? d->mustEnterColor : d->normalBackColor);
+        propertyChanged(u"BackColor");
+    }
+    refresh();
+}
+
+bool NumericInputBox::validateInput() {
+    const numeric::Limits limits{d->limitCheck, d->lowerLimit, d->upperLimit};
+    const numeric::Validation v =
+        numeric::validate(d->mode, d->txt->text(), limits, d->txt->maxLength(),
+                          [this](int code) { return getMessageText(code); });
+    if (d->mode == static_cast<std::int32_t>(InputMode::Free)) return true;
+    if (v.conversionFailed) d->errFlag = true;
+    if (v.message) showRefusalText(site(), messageTable(), *v.message);
+    d->txt->setText(v.text);
+    return v.ok;
+}
+
+void NumericInputBox::widgetEvent(Widget&, WidgetEvent& event) {
+    switch (event.type) {
+        case WidgetEventType::Change:
+            updateMustEnterColor();
+            raiseEvent(u"Change");
+            break;
+        case WidgetEventType::KeyPress:
+            // In Free mode a key is neither checked nor passed on: no KeyPress at all.
+            if (d->mode == static_cast<std::int32_t>(InputMode::Free)) break;
+            event.keyAscii =
+                numeric::filterKey(d->mode, event.keyAscii, d->txt->selStart(), d->txt->text());
+            passOnKey(event);
+            break;
+        case WidgetEventType::KeyDown:
+            numeric::clipboardKey(event.keyCode, event.shift, *d->txt, site().clipboard());
+            passOnKey(event);
+            break;
+        case WidgetEventType::LostFocus:
+            if (d->validateAtLostFocus && !validateInput()) d->txt->setFocus();
+            break;
+        default: passOn(event); break;
+    }
+}
+
+void NumericInputBox::refuse(std::int32_t number, int code) {
+    // A bad setting is an error for a running program and a message for the designer.
+    if (userMode()) throw Error(number, getMessageText(code));
+    showRefusal({code});
+}
+
+template <class T, class Read>
+T NumericInputBox::typedRead(T& last, Read read) {
+    const numeric::ReaderContext ctx{d->errBase, [this](int code) { return getMessageText(code); },
+                                     site().application().title()};
+    try {
+        last = read(d->txt->text(), ctx);
+    } catch (const Error&) {
+        d->errFlag = true;
+        throw;
+    }
+    return last;
+}
+
+// --- members -----------------------------------------------------------------------
+
+void NumericInputBox::cls() { d->txt->setText(u""); }
+
+void NumericInputBox::restore() { d->txt->setText(d->storedValue.toString()); }
+
+void NumericInputBox::restoreDefault() { setValue(d->defaultValue); }
+
+void NumericInputBox::store() { d->storedValue = d->txt->text(); }
+
+bool NumericInputBox::cancel() { return !validateInput(); }
+
+bool NumericInputBox::validateValue() { return validateInput(); }
+
+std::int32_t NumericInputBox::backColor() const { return d->txt->backColor(); }
+
+void NumericInputBox::setBackColor(std::int32_t c) {
+    d->txt->setBackColor(c);
+    propertyChanged(u"BackColor");
+    refresh();
+}
+
+std::u16string NumericInputBox::defaultValue() const { return d->defaultValue; }
+
+void NumericInputBox::setDefaultValue(std::u16string v) {
+    requireDesignTime();
+    d->defaultValue = v;
+    propertyChanged(u"DefaultValue");
+    setValue(std::move(v));
+}
+
+bool NumericInputBox::enabled() const { return d->txt->enabled(); }
+
+void NumericInputBox::setEnabled(bool v) {
+    d->txt->setEnabled(v);
+    propertyChanged(u"Enabled");
+}
+
+bool NumericInputBox::errFlag() const { return d->errFlag; }
+
+std::shared_ptr<Font> NumericInputBox::font() const { return Font::make(d->txt->font()); }
+
+void NumericInputBox::setFont(std::shared_ptr<Font> f) {
+    if (!f) throw Error(err::ObjectRequired);
+    d->txt->setFont(f->desc());
+    propertyChanged(u"Font");
+    refresh();
+}
+
+std::int32_t NumericInputBox::foreColor() const { return d->txt->foreColor(); }
+
+void NumericInputBox::setForeColor(std::int32_t c) {
+    d->txt->setForeColor(c);
+    propertyChanged(u"ForeColor");
+    refresh();
+}
+
+CorvexIMEMode NumericInputBox::imeMode() const {
+    return static_cast<CorvexIMEMode>(d->txt->imeMode());
+}
+
+void NumericInputBox::setImeMode(CorvexIMEMode m) {
+    d->txt->setImeMode(Variant(static_cast<std::int32_t>(m)).toInteger());
+    propertyChanged(u"IMEMode");
+}
+
+std::u16string NumericInputBox::keyName() const { return d->keyName; }
+
+void NumericInputBox::setKeyName(std::u16string v) {
+    d->keyName = std::move(v);
+    propertyChanged(u"KeyName");
+}
+
+bool NumericInputBox::limitCheck() const { return d->limitCheck; }
+
+void NumericInputBox::setLimitCheck(bool v) {
+    d->limitCheck = v;
+    propertyChanged(u"LimitCheck");
+}
+
+double NumericInputBox::lowerLimit() const { return d->lowerLimit; }
+
+void NumericInputBox::setLowerLimit(double v) {
+    if (!(v <= d->upperLimit)) return refuse(numeric::LimitError, numeric::code::BadLowerLimit);
+    d->lowerLimit = v;
+    propertyChanged(u"LowerLimit");
+}
+
+std::int16_t NumericInputBox::maxLength() const {
+    return static_cast<std::int16_t>(d->txt->maxLength());
+}
+
+void NumericInputBox::setMaxLength(std::int16_t n) {
+    if (n < 0) throw Error(err::InvalidPropertyValue);
+    d->txt->setMaxLength(n);
+    propertyChanged(u"MaxLength");
+}
+
+InputMode NumericInputBox::mode() const { return static_cast<InputMode>(d->mode); }
+
+void NumericInputBox::setMode(InputMode m) {
+    const auto value = static_cast<std::int32_t>(m);
+    if (!numeric::modeAccepted(value)) return refuse(numeric::ModeError, numeric::code::BadMode);
+    d->mode = value;
+    propertyChanged(u"Mode");
+}
+
+bool NumericInputBox::mustEnter() const { return d->mustEnter; }
+
+void NumericInputBox::setMustEnter(bool v) {
+    d->mustEnter = v;  // the colour follows at the next text change
+    propertyChanged(u"MustEnter");
+}
+
+std::int32_t NumericInputBox::mustEnterColor() const { return d->mustEnterColor; }
+
+void NumericInputBox::setMustEnterColor(std::int32_t c) {
+    d->mustEnterColor = c;
+    propertyChanged(u"MustEnterColor");
+}
+
+std::u16string NumericInputBox::sectionName() const { return d->sectionName; }
+
+void NumericInputBox::setSectionName(std::u16string v) {
+    // Unlike KeyName, a new section name does not mark the control as changed.
+    d->sectionName = std::move(v);
+}
+
+std::int32_t NumericInputBox::selLength() const { return d->txt->selLength(); }
+
+void NumericInputBox::setSelLength(std::int32_t n) {
+    d->txt->setSelLength(n);
+    propertyChanged(u"SelLength");
+}
+
+std::int32_t NumericInputBox::selStart() const { return d->txt->selStart(); }
+
+void NumericInputBox::setSelStart(std::int32_t n) {
+    d->txt->setSelStart(n);
+    propertyChanged(u"SelStart");
+}
+
+std::u16string NumericInputBox::selText() const { return d->txt->selText(); }
+
+void NumericInputBox::setSelText(std::u16string t) {
+    d->txt->setSelText(t);
+    propertyChanged(u"SelText");
+}
+
+std::u16string NumericInputBox::text() const { return d->txt->text(); }
+
+void NumericInputBox::setText(std::u16string t) {
+    d->txt->setText(t);
+    propertyChanged(u"Text");
+}
+
+double NumericInputBox::upperLimit() const { return d->upperLimit; }
+
+void NumericInputBox::setUpperLimit(double v) {
+    if (!(v >= d->lowerLimit)) return refuse(numeric::LimitError, numeric::code::BadUpperLimit);
+    d->upperLimit = v;
+    propertyChanged(u"UpperLimit");
+}
+
+double NumericInputBox::valDbl() { return typedRead(d->lastDbl, numeric::valDbl); }
+
+bool NumericInputBox::validateAtLostFocus() const { return d->validateAtLostFocus; }
+
+void NumericInputBox::setValidateAtLostFocus(bool v) {
+    d->validateAtLostFocus = v;
+    propertyChanged(u"ValidateAtLostFocus");
+}
+
+std::int16_t NumericInputBox::valInt() { return typedRead(d->lastInt, numeric::valInt); }
+
+std::int32_t NumericInputBox::valLng() { return typedRead(d->lastLng, numeric::valLng); }
+
+float NumericInputBox::valSng() { return typedRead(d->lastSng, numeric::valSng); }
+
+std::u16string NumericInputBox::value() const { return d->txt->text(); }
+
+void NumericInputBox::setValue(std::u16string v) {
+    d->txt->setText(v);
+    propertyChanged(u"Value");
+}
+
+std::int32_t NumericInputBox::errBase() const { return d->errBase; }
+
+void NumericInputBox::setErrBase(std::int32_t v) {
+    d->errBase = v;
+    propertyChanged(u"ErrBase");
+}
+
+const Variant& NumericInputBox::storedValue() const { return d->storedValue; }
+
+std::int32_t NumericInputBox::normalBackColor() const { return d->normalBackColor; }
+
+}  // namespace corvex

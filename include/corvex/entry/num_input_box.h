@@ -1,0 +1,184 @@
+// NumInputBox and NumInputBoxR: one-line boxes for numbers, with input modes, limits and
+// typed values. The two are one implementation; only their class and alignment differ.
+#pragma once
+
+#include <memory>
+
+#include "corvex/common/control.h"
+#include "corvex/common/font.h"
+#include "corvex/library/enums.h"
+
+namespace corvex {
+
+/// What NumInputBox and NumInputBoxR share: the inner text box txtInput, the key filter,
+/// validation, typed readers and MustEnter colouring.
+class NumericInputBox : public Control {
+public:
+    ~NumericInputBox() override;
+
+    void initProperties() override;
+    void readProperties(PropertyBag& bag) override;
+    void writeProperties(PropertyBag& bag) override;
+    void resize() override;
+
+    /// Empties the box (DefaultValue is not used).
+    void cls();
+    /// Puts the stored text back; with nothing stored the box is emptied.
+    void restore();
+    /// Sets Value to DefaultValue.
+    void restoreDefault();
+    /// Stores the text.
+    void store();
+    /// The negation of the validation, for a host's Validate handler.
+    bool cancel();
+    /// Validates (and normalises) the text; shows a message on failure.
+    bool validateValue();
+
+    /// Background colour of the text box.
+    std::int32_t backColor() const;
+    /// Sets the background colour.
+    void setBackColor(std::int32_t c);
+    /// The design-time default text.
+    std::u16string defaultValue() const;
+    /// Sets the default (design time only: 382 at run time), then Value to it.
+    void setDefaultValue(std::u16string v);
+    /// Whether the text box is enabled.
+    bool enabled() const;
+    /// Enables or disables the text box.
+    void setEnabled(bool v);
+    /// True once any conversion failed; never reset.
+    bool errFlag() const;
+    /// The text box's font.
+    std::shared_ptr<Font> font() const;
+    /// Sets the font.
+    void setFont(std::shared_ptr<Font> f);
+    /// Text colour.
+    std::int32_t foreColor() const;
+    /// Sets the text colour.
+    void setForeColor(std::int32_t c);
+    /// The input-method mode.
+    CorvexIMEMode imeMode() const;
+    /// Sets the input-method mode (kept as a 16-bit value).
+    void setImeMode(CorvexIMEMode m);
+    /// The key under which the settings control saves Value.
+    std::u16string keyName() const;
+    /// Sets the key name.
+    void setKeyName(std::u16string v);
+    /// Whether validation checks the limits.
+    bool limitCheck() const;
+    /// Sets whether validation checks the limits.
+    void setLimitCheck(bool v);
+    /// The lower limit.
+    double lowerLimit() const;
+    /// Sets the lower limit; refused above UpperLimit (3001 at run time).
+    void setLowerLimit(double v);
+    /// The maximum length (0: none).
+    std::int16_t maxLength() const;
+    /// Sets the maximum length.
+    void setMaxLength(std::int16_t n);
+    /// The input mode.
+    InputMode mode() const;
+    /// Sets the input mode; refused outside 0 to 4 (3000 at run time).
+    void setMode(InputMode m);
+    /// Whether an empty box is coloured MustEnterColor.
+    bool mustEnter() const;
+    /// Sets MustEnter; the colour changes at the next text change.
+    void setMustEnter(bool v);
+    /// The colour of an empty MustEnter box.
+    std::int32_t mustEnterColor() const;
+    /// Sets the colour of an empty MustEnter box.
+    void setMustEnterColor(std::int32_t c);
+    /// The section under which the settings control saves Value.
+    std::u16string sectionName() const;
+    /// Sets the section name (signals no property change, on purpose).
+    void setSectionName(std::u16string v);
+    /// Length of the selection.
+    std::int32_t selLength() const;
+    /// Sets the selection length.
+    void setSelLength(std::int32_t n);
+    /// Start of the selection (the caret).
+    std::int32_t selStart() const;
+    /// Moves the caret.
+    void setSelStart(std::int32_t n);
+    /// The selected text.
+    std::u16string selText() const;
+    /// Replaces the selected text.
+    void setSelText(std::u16string t);
+    /// The text.
+    std::u16string text() const;
+    /// Sets the text.
+    void setText(std::u16string t);
+    /// The upper limit.
+    double upperLimit() const;
+    /// Sets the upper limit; refused below LowerLimit (3001 at run time).
+    void setUpperLimit(double v);
+    /// The text as a Double (ErrBase + 3011 on overflow).
+    double valDbl();
+    /// Whether leaving the box validates it.
+    bool validateAtLostFocus() const;
+    /// Sets whether leaving the box validates it.
+    void setValidateAtLostFocus(bool v);
+    /// The text as an Integer, through a Single (ErrBase + 3012 on overflow).
+    std::int16_t valInt();
+    /// The text as a Long (ErrBase + 3013 on overflow).
+    std::int32_t valLng();
+    /// The text as a Single (ErrBase + 3010 on overflow).
+    float valSng();
+    /// The value: the text.
+    std::u16string value() const;
+    /// Sets the text as the value.
+    void setValue(std::u16string v);
+    /// The base added to processing error numbers.
+    std::int32_t errBase() const;
+    /// Sets the error base.
+    void setErrBase(std::int32_t v);
+
+    /// The slot that Store fills and Restore reads.
+    const Variant& storedValue() const;
+    /// The background colour taken at loading, to which a filled MustEnter box returns.
+    std::int32_t normalBackColor() const;
+
+protected:
+    /// A numeric box whose text box aligns its text (0 left, 1 right).
+    NumericInputBox(ControlSite& site, std::int16_t alignment);
+    /// The members of both classes, in interface order.
+    template <class C>
+    static std::vector<MemberInfo> members();
+    /// The events of both classes, in declaration order.
+    static std::vector<EventInfo> eventList();
+
+    const MessageTable& messageTable() const override;
+    void widgetEvent(Widget& source, WidgetEvent& event) override;
+
+private:
+    void updateMustEnterColor();
+    bool validateInput();
+    void refuse(std::int32_t number, int code);
+    template <class T, class Read>
+    T typedRead(T& last, Read read);
+
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+/// A one-line numeric box with left-aligned text.
+class NumInputBox final : public NumericInputBox {
+public:
+    /// A NumInputBox on a host site.
+    explicit NumInputBox(ControlSite& site) : NumericInputBox(site, 0) {}
+    /// The table of the NumInputBox class.
+    static const ClassInfo& staticClassInfo();
+    const ClassInfo& classInfo() const override { return staticClassInfo(); }
+};
+
+/// The same numeric box with right-aligned text, a class of its own.
+class NumInputBoxR final : public NumericInputBox {
+public:
+    /// A NumInputBoxR on a host site.
+    explicit NumInputBoxR(ControlSite& site) : NumericInputBox(site, 1) {}
+    /// The table of the NumInputBoxR class.
+    static const ClassInfo& staticClassInfo();
+    const ClassInfo& classInfo() const override { return staticClassInfo(); }
+};
+
+}  // namespace corvex

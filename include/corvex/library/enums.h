@@ -1,0 +1,38 @@
+// The library's public enumerations (all 32-bit signed values).
+#pragma once
+
+#include <cstdint>
+
+namespace corvex {
+
+/// Input-method modes of the text-entry and list controls.
+enum class CorvexIMEMode : std::int32_t {
+    IMENone = 0,          ///< no input-method control
+    IMEON = 1,            ///< input method on
+    IMEOFF = 2,           ///< input method off
+    IMEDisable = 3,       ///< input method disabled
+    IMEHiragana = 4,      ///< full-width hiragana
+    IMEKatakana = 5,      ///< full-width katakana
+    IMEKatakanaHalf = 6,  ///< half-width katakana
+    IMEAlphaFull = 7,     ///< full-width alphanumerics
+    IMEAlpha = 8,         ///< half-width alphanumerics
+};
+
+/// What a numeric box admits (the value of its Mode).
+enum class InputMode : std::int32_t {
+    PM_decimal = 0,  ///< signed decimal numbers with an optional exponent
+    P_decimal = 1,   ///< decimal numbers with an optional exponent, no leading minus
+    PM_Integer = 2,  ///< signed integers
+    P_Integer = 3,   ///< unsigned integers
+    Free = 4,        ///< anything: no key filtering and no validation
+};
+
+/// Which of MemoBox's scroll-bar styles is shown.
+enum class ScrollBarsMode : std::int32_t {
+    barNone = 0,        ///< no scroll bars
+    barHorizontal = 1,  ///< a horizontal scroll bar
+    barVertical = 2,    ///< a vertical scroll bar
+    barBoth = 3,        ///< both scroll bars
+};
+
+}  // namespace corvex
