@@ -2,6 +2,7 @@
 
 #include "corvex/common/boolean_box.h"
 #include "corvex/common/text.h"
+#include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
 
 namespace corvex {
@@ -11,6 +12,7 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &BooleanBox::staticClassInfo(),
         &NumInputBox::staticClassInfo(),
         &NumInputBoxR::staticClassInfo(),
+        &MemoBox::staticClassInfo(),
     };
     return classes;
 }

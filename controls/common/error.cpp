@@ -11,6 +11,7 @@ std::u16string standardErrorText(std::int32_t number) {
         case err::Overflow: return u"Overflow";
         case err::SubscriptOutOfRange: return u"Subscript out of range";
         case err::TypeMismatch: return u"Type mismatch";
+        case err::ControlArrayElementMissing: return u"Control array element doesn't exist";
         case err::InvalidPropertyValue: return u"Invalid property value";
         case err::SetNotSupportedAtRuntime: return u"Property cannot be set at run time";
         case err::SetNotSupported: return u"Property is read-only";

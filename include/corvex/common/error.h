@@ -14,6 +14,7 @@ namespace err {
 inline constexpr std::int32_t Overflow = 6;                     ///< arithmetic overflow
 inline constexpr std::int32_t SubscriptOutOfRange = 9;          ///< no such element
 inline constexpr std::int32_t TypeMismatch = 13;                ///< value of the wrong kind
+inline constexpr std::int32_t ControlArrayElementMissing = 340;  ///< no such array element
 inline constexpr std::int32_t InvalidPropertyValue = 380;     ///< value out of a property's range
 inline constexpr std::int32_t SetNotSupportedAtRuntime = 382;   ///< design-time-only property
 inline constexpr std::int32_t SetNotSupported = 383;            ///< read-only property

@@ -1,0 +1,333 @@
+#include "corvex/entry/memo_box.h"
+
+#include <array>
+
+namespace corvex {
+
+namespace {
+constexpr const char16_t* kInnerName = u"txtMemo";
+constexpr int kBoxes = 4;
+
+bool toBool(const Variant& v) { return static_cast<bool>(v.toBoolean()); }
+std::int32_t toLong(const Variant& v) { return v.toLong(); }
+std::int16_t toInteger(const Variant& v) { return v.toInteger(); }
+std::u16string toText(const Variant& v) { return v.toString(); }
+}  // namespace
+
+struct MemoBox::Private {
+    std::array<std::unique_ptr<TextBox>, kBoxes> boxes;
+    std::u16string defaultValue;
+    std::u16string keyName;
+    std::u16string sectionName;
+    std::int32_t scrollBars = 0;
+    Variant storedValue;
+    bool copying = false;  // while one box's text is copied into the others
+};
+
+MemoBox::MemoBox(ControlSite& site) : Control(site), d(std::make_unique<Private>()) {
+    for (int i = 0; i < kBoxes; ++i) {
+        TextBoxSpec spec;
+        spec.name = kInnerName;
+        spec.index = static_cast<std::int16_t>(i);
+        spec.listener = this;
+        spec.width = site.surface().scaleWidth();
+        spec.height = site.surface().scaleHeight();
+        spec.multiLine = true;
+        spec.scrollBars = static_cast<std::int16_t>(i);  // box i has the scroll bars of style i
+        spec.visible = i == 0;
+        auto box = site.widgets().createTextBox(spec);
+        box->setBackColor(color::WindowBackground);
+        box->setForeColor(color::WindowText);
+        box->setFont(ambientFont());
+        d->boxes[static_cast<std::size_t>(i)] = std::move(box);
+    }
+}
+
+MemoBox::~MemoBox() = default;
+
+const ClassInfo& MemoBox::staticClassInfo() {
+    static const ClassInfo info = [] {
+        using M = MemoBox;
+        EventTable ev;
+        ev.event(u"Change")
+            .event(u"Click")
+            .event(u"DblClick")
+            .event(u"KeyDown", events::keyCodeShift())
+            .event(u"KeyPress", events::keyAscii())
+            .event(u"KeyUp", events::keyCodeShift())
+            .event(u"MouseDown", events::mouse())
+            .event(u"MouseMove", events::mouse())
+            .event(u"MouseUp", events::mouse());
+        events::addDeclaredLifecycle(ev);
+        return ClassInfo(
+            u"MemoBox", ClassKind::Control,
+            MemberTable<M>()
+                .method(u"Cls", &M::cls)
+                .help(u"テキストを消去します。")
+                .method(u"Refresh", &M::refresh)
+                .help(u"コントロールを再描画します。")
+                .method(u"Restore", &M::restore)
+                .help(u"Storeで保存したテキストに戻します。")
+                .method(u"RestoreDefault", &M::restoreDefault)
+                .help(u"テキストをDefaultValueにします。")
+                .method(u"Store", &M::store)
+                .help(u"現在のテキストを保存します。")
+                .method(u"CanPropertyChange", &M::canPropertyChange, {u"PropertyName"})
+                .help(u"常にFalseを返します。")
+                .property(u"BackColor", &M::backColor, &M::setBackColor)
+                .help(u"背景色を設定します。")
+                .property(u"DefaultValue", &M::defaultValue, &M::setDefaultValue)
+                .help(u"既定値を設定します。（デザイン時のみ）")
+                .property(u"Enabled", &M::enabled, &M::setEnabled)
+                .help(u"入力の可否を設定します。")
+                .property(u"Font", &M::font, &M::setFont)
+                .help(u"フォントを設定します。")
+                .property(u"ForeColor", &M::foreColor, &M::setForeColor)
+                .help(u"文字色を設定します。")
+                .property(u"IMEMode", &M::imeMode, &M::setImeMode)
+                .help(u"IMEのモードを設定します。")
+                .property(u"KeyName", &M::keyName, &M::setKeyName)
+                .help(u"値を保存するキー名を設定します。")
+                .property(u"ScrollBars", &M::scrollBars, &M::setScrollBars)
+                .help(u"スクロールバーの種類を設定します。")
+                .property(u"SectionName", &M::sectionName, &M::setSectionName)
+                .help(u"値を保存するセクション名を設定します。")
+                .property(u"SelLength", &M::selLength, &M::setSelLength)
+                .help(u"選択文字数を設定します。")
+                .property(u"SelStart", &M::selStart, &M::setSelStart)
+                .help(u"選択開始位置を設定します。")
+                .property(u"SelText", &M::selText, &M::setSelText)
+                .help(u"選択文字列を設定します。")
+                .property(u"Text", &M::text, &M::setText)
+                .help(u"テキストを設定します。")
+                .property(u"Value", &M::value, &M::setValue)
+                .help(u"値（テキスト）を設定します。")
+                .build(),
+            ev.build(), [](ControlSite& site) { return std::make_shared<MemoBox>(site); },
+            {3600, 1200});
+    }();
+    return info;
+}
+
+template <class F>
+void MemoBox::forEachBox(F f) {
+    for (auto& box : d->boxes) f(*box);
+}
+
+TextBox& MemoBox::visibleBox() const {
+    // With ScrollBars outside 0 to 3 there is no such box, as with any missing element of
+    // a control array.
+    if (d->scrollBars < 0 || d->scrollBars >= kBoxes) {
+        throw Error(err::ControlArrayElementMissing);
+    }
+    return *d->boxes[static_cast<std::size_t>(d->scrollBars)];
+}
+
+void MemoBox::showBoxOf(std::int32_t mode) {
+    for (int i = 0; i < kBoxes; ++i) d->boxes[static_cast<std::size_t>(i)]->setVisible(i == mode);
+}
+
+// --- lifecycle ---------------------------------------------------------------------
+
+void MemoBox::initProperties() {
+    d->defaultValue.clear();
+    d->keyName.clear();
+    d->sectionName.clear();
+    d->scrollBars = 0;
+}
+
+void MemoBox::readProperties(PropertyBag& bag) {
+    const std::int32_t back = readSaved(bag, u"BackColor", color::WindowBackground, toLong);
+    const bool enabled = readSaved(bag, u"Enabled", true, toBool);
+    const std::int32_t fore = readSaved(bag, u"ForeColor", color::WindowText, toLong);
+    const std::int16_t ime = readSaved(bag, u"IMEMode", std::int16_t{0}, toInteger);
+    const FontDesc font =
+        readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant);
+    forEachBox([&](TextBox& b) {
+        b.setBackColor(back);
+        b.setEnabled(enabled);
+        b.setForeColor(fore);
+        b.setImeMode(ime);
+        b.setFont(font);
+    });
+    // Written as "ScrollBars" and read as "Scrollbars": the bag matches names without
+    // regard to case, so the setting survives a save and load.
+    d->scrollBars = readSaved(bag, u"Scrollbars", std::int32_t{0}, toLong);
+    d->defaultValue = readSaved(bag, u"DefaultValue", u"", toText);
+    d->keyName = readSaved(bag, u"KeyName", u"", toText);
+    d->sectionName = readSaved(bag, u"SectionName", u"", toText);
+    d->copying = true;  // each box gets the default itself; nothing to copy
+    forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
+    d->copying = false;
+    showBoxOf(d->scrollBars);
+}
+
+void MemoBox::writeProperties(PropertyBag& bag) {
+    const TextBox& b = *d->boxes[0];
+    bag.write(u"BackColor", b.backColor(), color::WindowBackground);
+    bag.write(u"Enabled", b.enabled(), true);
+    bag.write(u"Font", Variant(Font::make(b.font())), Variant(Font::make(ambientFont())));
+    bag.write(u"ForeColor", b.foreColor(), color::WindowText);
+    bag.write(u"IMEMode", b.imeMode(), std::int16_t{0});
+    bag.write(u"ScrollBars", d->scrollBars, std::int32_t{0});
+    bag.write(u"DefaultValue", d->defaultValue, u"");
+    bag.write(u"KeyName", d->keyName, u"");
+    bag.write(u"SectionName", d->sectionName, u"");
+}
+
+void MemoBox::resize() {
+    const Surface& s = site().surface();
+    forEachBox([&](TextBox& b) {
+        b.setWidth(s.scaleWidth());
+        b.setHeight(s.scaleHeight());
+    });
+}
+
+void MemoBox::widgetEvent(Widget& source, WidgetEvent& event) {
+    if (event.type != WidgetEventType::Change) {
+        passOn(event);
+        return;
+    }
+    if (d->copying) return;  // the others follow the box that changed; one Change only
+    const std::u16string text = dynamic_cast<TextBox&>(source).text();
+    d->copying = true;
+    try {
+        forEachBox([&](TextBox& b) {
+            if (&b != &source) b.setText(text);
+        });
+    } catch (...) {
+        d->copying = false;
+        throw;
+    }
+    d->copying = false;
+    raiseEvent(u"Change");
+}
+
+// --- members -----------------------------------------------------------------------
+
+void MemoBox::cls() {
+    forEachBox([](TextBox& b) { b.setText(u""); });
+}
+
+void MemoBox::restore() {
+    const std::u16string text = d->storedValue.toString();
+    forEachBox([&](TextBox& b) { b.setText(text); });
+}
+
+void MemoBox::restoreDefault() {
+    forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
+}
+
+void MemoBox::store() { d->storedValue = visibleBox().text(); }
+
+bool MemoBox::canPropertyChange(Variant&) { return false; }
+
+std::int32_t MemoBox::backColor() const { return visibleBox().backColor(); }
+
+void MemoBox::setBackColor(std::int32_t c) {
+    forEachBox([&](TextBox& b) { b.setBackColor(c); });
+    propertyChanged(u"BackColor");
+}
+
+std::u16string MemoBox::defaultValue() const { return d->defaultValue; }
+
+void MemoBox::setDefaultValue(std::u16string v) {
+    requireDesignTime();
+    d->defaultValue = v;
+    propertyChanged(u"DefaultValue");
+    setValue(std::move(v));
+}
+
+bool MemoBox::enabled() const { return visibleBox().enabled(); }
+
+void MemoBox::setEnabled(bool v) {
+    forEachBox([&](TextBox& b) { b.setEnabled(v); });
+    propertyChanged(u"Enabled");
+}
+
+std::shared_ptr<Font> MemoBox::font() const { return Font::make(visibleBox().font()); }
+
+void MemoBox::setFont(std::shared_ptr<Font> f) {
+    if (!f) throw Error(err::ObjectRequired);
+    forEachBox([&](TextBox& b) { b.setFont(f->desc()); });
+    propertyChanged(u"Font");
+}
+
+std::int32_t MemoBox::foreColor() const { return visibleBox().foreColor(); }
+
+void MemoBox::setForeColor(std::int32_t c) {
+    forEachBox([&](TextBox& b) { b.setForeColor(c); });
+    propertyChanged(u"ForeColor");
+}
+
+CorvexIMEMode MemoBox::imeMode() const {
+    return static_cast<CorvexIMEMode>(visibleBox().imeMode());
+}
+
+void MemoBox::setImeMode(CorvexIMEMode m) {
+    const std::int16_t value = Variant(static_cast<std::int32_t>(m)).toInteger();
+    forEachBox([&](TextBox& b) { b.setImeMode(value); });
+    propertyChanged(u"IMEMode");
+}
+
+std::u16string MemoBox::keyName() const { return d->keyName; }
+
+void MemoBox::setKeyName(std::u16string v) {
+    d->keyName = std::move(v);
+    propertyChanged(u"KeyName");
+}
+
+ScrollBarsMode MemoBox::scrollBars() const { return static_cast<ScrollBarsMode>(d->scrollBars); }
+
+void MemoBox::setScrollBars(ScrollBarsMode m) {
+    d->scrollBars = static_cast<std::int32_t>(m);
+    showBoxOf(d->scrollBars);
+    propertyChanged(u"ScrollBars");
+}
+
+std::u16string MemoBox::sectionName() const { return d->sectionName; }
+
+void MemoBox::setSectionName(std::u16string v) {
+    d->sectionName = std::move(v);
+    propertyChanged(u"SectionName");
+}
+
+std::int32_t MemoBox::selLength() const { return visibleBox().selLength(); }
+
+void MemoBox::setSelLength(std::int32_t n) {
+    forEachBox([&](TextBox& b) { b.setSelLength(n); });
+    propertyChanged(u"SelLength");
+}
+
+std::int32_t MemoBox::selStart() const { return visibleBox().selStart(); }
+
+void MemoBox::setSelStart(std::int32_t n) {
+    forEachBox([&](TextBox& b) { b.setSelStart(n); });
+    propertyChanged(u"SelStart");
+}
+
+std::u16string MemoBox::selText() const { return visibleBox().selText(); }
+
+void MemoBox::setSelText(std::u16string t) {
+    forEachBox([&](TextBox& b) { b.setSelText(t); });
+    propertyChanged(u"SelText");
+}
+
+std::u16string MemoBox::text() const { return visibleBox().text(); }
+
+void MemoBox::setText(std::u16string t) {
+    forEachBox([&](TextBox& b) { b.setText(t); });
+    propertyChanged(u"Text");
+}
+
+std::u16string MemoBox::value() const { return text(); }
+
+void MemoBox::setValue(std::u16string v) {
+    forEachBox([&](TextBox& b) { b.setText(v); });
+    propertyChanged(u"Value");
+    propertyChanged(u"Text");
+}
+
+const Variant& MemoBox::storedValue() const { return d->storedValue; }
+
+}  // namespace corvex
