@@ -66,6 +66,17 @@ TEST_F(HeadlessTextBoxTest, shouldRefuseCharactersBeyondMaxLength) {
     EXPECT_EQ(box->text(), u"923") << "replacing a selection fits";
 }
 
+TEST_F(HeadlessTextBoxTest, shouldNotLimitTextSetByCode) {
+    box->setMaxLength(3);
+    box->setText(u"12345");
+    EXPECT_EQ(box->text(), u"12345");
+    box->setMaxLength(2);
+    EXPECT_EQ(box->text(), u"12345") << "lowering MaxLength keeps the text";
+    box->setSelStart(5);
+    type(u"6");
+    EXPECT_EQ(box->text(), u"12345") << "but nothing more can be typed";
+}
+
 TEST_F(HeadlessTextBoxTest, shouldCountUtf16CodeUnitsForMaxLength) {
     box->setMaxLength(2);
     box->setSelText(u"\U0001F600x");  // a surrogate pair fills both units
