@@ -337,6 +337,15 @@ TEST_P(BooleanBoxTest, shouldRaiseResizeAfterEachResizeWithTheBoxFillingTheSurfa
     EXPECT_NEAR(w.top(), 0, 0.01);
 }
 
+TEST_P(BooleanBoxTest, shouldFillTheSurfaceWhateverItsScaleMode) {
+    addBox();
+    h->setScaleMode(u"b", ScaleMode::Pixels);
+    h->resize(u"b", 3000, 600);
+    Widget& w = h->widget(u"b", u"chkBooleanBox");
+    EXPECT_NEAR(w.width(), 3000, 15) << "widget geometry is in twips";
+    EXPECT_NEAR(w.height(), 600, 15);
+}
+
 TEST_P(BooleanBoxTest, shouldConvertMouseCoordinatesToContainerUnits) {
     addBox();
     h->resize(u"b", 1500, 300);

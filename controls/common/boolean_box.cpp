@@ -23,8 +23,8 @@ BooleanBox::BooleanBox(ControlSite& site) : Control(site), d(std::make_unique<Pr
     WidgetSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
-    spec.width = site.surface().scaleWidth();
-    spec.height = site.surface().scaleHeight();
+    spec.width = innerWidth();
+    spec.height = innerHeight();
     d->chk = site.widgets().createCheckBox(spec);
     // The inner check box's design: its caption is its own name on purpose.
     d->chk->setCaption(kInnerName);
@@ -131,9 +131,8 @@ void BooleanBox::writeProperties(PropertyBag& bag) {
 }
 
 void BooleanBox::resize() {
-    const Surface& s = site().surface();
-    d->chk->setHeight(s.scaleHeight());
-    d->chk->setWidth(s.scaleWidth());
+    d->chk->setHeight(innerHeight());
+    d->chk->setWidth(innerWidth());
     raiseEvent(u"Resize");
 }
 

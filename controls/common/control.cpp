@@ -16,6 +16,16 @@ void Control::raiseEvent(std::u16string_view name, std::span<Variant> args) {
     site_.eventSink().raiseEvent(*e, args);
 }
 
+float Control::innerWidth() const {
+    const Surface& s = site_.surface();
+    return s.scaleX(s.scaleWidth(), s.scaleMode(), ScaleMode::Twips);
+}
+
+float Control::innerHeight() const {
+    const Surface& s = site_.surface();
+    return s.scaleY(s.scaleHeight(), s.scaleMode(), ScaleMode::Twips);
+}
+
 bool Control::userMode() const { return site_.ambient().userMode(); }
 
 FontDesc Control::ambientFont() const { return site_.ambient().font(); }

@@ -30,8 +30,8 @@ MemoBox::MemoBox(ControlSite& site) : Control(site), d(std::make_unique<Private>
         spec.name = kInnerName;
         spec.index = static_cast<std::int16_t>(i);
         spec.listener = this;
-        spec.width = site.surface().scaleWidth();
-        spec.height = site.surface().scaleHeight();
+        spec.width = innerWidth();
+        spec.height = innerHeight();
         spec.multiLine = true;
         spec.scrollBars = static_cast<std::int16_t>(i);  // box i has the scroll bars of style i
         spec.visible = i == 0;
@@ -176,10 +176,9 @@ void MemoBox::writeProperties(PropertyBag& bag) {
 }
 
 void MemoBox::resize() {
-    const Surface& s = site().surface();
     forEachBox([&](TextBox& b) {
-        b.setWidth(s.scaleWidth());
-        b.setHeight(s.scaleHeight());
+        b.setWidth(innerWidth());
+        b.setHeight(innerHeight());
     });
 }
 

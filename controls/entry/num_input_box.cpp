@@ -42,8 +42,8 @@ NumericInputBox::NumericInputBox(ControlSite& site, std::int16_t alignment)
     TextBoxSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
-    spec.width = site.surface().scaleWidth();
-    spec.height = site.surface().scaleHeight();
+    spec.width = innerWidth();
+    spec.height = innerHeight();
     spec.alignment = alignment;
     spec.nativeClipboard = false;  // the clipboard keys are this control's own
     d->txt = site.widgets().createTextBox(spec);
@@ -229,9 +229,8 @@ void NumericInputBox::writeProperties(PropertyBag& bag) {
 }
 
 void NumericInputBox::resize() {
-    const Surface& s = site().surface();
-    d->txt->setWidth(s.scaleWidth());
-    d->txt->setHeight(s.scaleHeight());
+    d->txt->setWidth(innerWidth());
+    d->txt->setHeight(innerHeight());
 }
 
 // --- behaviour ---------------------------------------------------------------------

@@ -47,6 +47,11 @@ protected:
     void propertyChanged(std::u16string_view name);
     /// Raises an event of this class's event table; args are by reference.
     void raiseEvent(std::u16string_view name, std::span<Variant> args = {});
+    /// The surface's inner width in twips, the unit of inner widget geometry (the
+    /// surface's own scale width, converted from its scale mode).
+    float innerWidth() const;
+    /// The surface's inner height in twips.
+    float innerHeight() const;
     /// The ambient UserMode: True at run time.
     bool userMode() const;
     /// The ambient font.
