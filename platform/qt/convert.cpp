@@ -10,7 +10,8 @@
 namespace corvex::qt {
 
 QString toQString(std::u16string_view text) {
-    return QString(reinterpret_cast<const QChar*>(text.data()), static_cast<qsizetype>(text.size()));
+    return QString(reinterpret_cast<const QChar*>(text.data()),
+                   static_cast<qsizetype>(text.size()));
 }
 
 std::u16string fromQString(const QString& text) {
@@ -20,7 +21,8 @@ std::u16string fromQString(const QString& text) {
 
 QVariant toQVariant(const Variant& value) {
     switch (value.type()) {
-        case VarType::Empty: return QVariant();
+        case VarType::Empty:
+            return QVariant();
         case VarType::Boolean: {
             const Boolean b = value.asBoolean();
             // Only the two canonical values have a Qt bool; any other raw value travels
@@ -29,12 +31,18 @@ QVariant toQVariant(const Variant& value) {
             if (b.isFalse()) return QVariant(false);
             return QVariant::fromValue(value);
         }
-        case VarType::Integer: return QVariant::fromValue<qint16>(value.asInteger());
-        case VarType::Long: return QVariant::fromValue<qint32>(value.asLong());
-        case VarType::Single: return QVariant::fromValue<float>(value.asSingle());
-        case VarType::Double: return QVariant::fromValue<double>(value.asDouble());
-        case VarType::String: return QVariant(toQString(value.asString()));
-        case VarType::Object: return QVariant::fromValue(value);
+        case VarType::Integer:
+            return QVariant::fromValue<qint16>(value.asInteger());
+        case VarType::Long:
+            return QVariant::fromValue<qint32>(value.asLong());
+        case VarType::Single:
+            return QVariant::fromValue<float>(value.asSingle());
+        case VarType::Double:
+            return QVariant::fromValue<double>(value.asDouble());
+        case VarType::String:
+            return QVariant(toQString(value.asString()));
+        case VarType::Object:
+            return QVariant::fromValue(value);
     }
     return QVariant();
 }
@@ -56,17 +64,20 @@ Variant fromQVariant(const QVariant& value) {
     const int id = value.metaType().id();
     if (id == QMetaType::fromType<Variant>().id()) return value.value<Variant>();
     switch (id) {
-        case QMetaType::Bool: return Variant(value.toBool());
+        case QMetaType::Bool:
+            return Variant(value.toBool());
         case QMetaType::Short:
         case QMetaType::Char:
         case QMetaType::SChar:
         case QMetaType::UChar:
             return Variant(static_cast<std::int16_t>(value.toInt()));
         case QMetaType::UShort:
-        case QMetaType::Int: return Variant(static_cast<std::int32_t>(value.toInt()));
+        case QMetaType::Int:
+            return Variant(static_cast<std::int32_t>(value.toInt()));
         case QMetaType::UInt:
         case QMetaType::Long:
-        case QMetaType::LongLong: return fromWide(value.toLongLong());
+        case QMetaType::LongLong:
+            return fromWide(value.toLongLong());
         case QMetaType::ULong:
         case QMetaType::ULongLong: {
             const qulonglong u = value.toULongLong();
@@ -75,12 +86,18 @@ Variant fromQVariant(const QVariant& value) {
             }
             return Variant(static_cast<double>(u));
         }
-        case QMetaType::Float: return Variant(value.toFloat());
-        case QMetaType::Double: return Variant(value.toDouble());
-        case QMetaType::QString: return Variant(fromQString(value.toString()));
-        case QMetaType::QChar: return Variant(fromQString(QString(value.toChar())));
-        case QMetaType::QByteArray: return Variant(fromQString(QString::fromUtf8(value.toByteArray())));
-        default: break;
+        case QMetaType::Float:
+            return Variant(value.toFloat());
+        case QMetaType::Double:
+            return Variant(value.toDouble());
+        case QMetaType::QString:
+            return Variant(fromQString(value.toString()));
+        case QMetaType::QChar:
+            return Variant(fromQString(QString(value.toChar())));
+        case QMetaType::QByteArray:
+            return Variant(fromQString(QString::fromUtf8(value.toByteArray())));
+        default:
+            break;
     }
     if (value.canConvert<QString>()) return Variant(fromQString(value.toString()));
     throw Error(err::TypeMismatch);
@@ -92,32 +109,58 @@ QPalette::ColorRole systemColorRole(std::int32_t color) {
     // The host's system colour indexes, each with the palette role that paints the same
     // part of a Qt widget.
     switch (u & 0xFFu) {
-        case 0: return QPalette::Button;            // scroll bars
-        case 1: return QPalette::Window;            // desktop
-        case 2: return QPalette::Highlight;         // active title bar
-        case 3: return QPalette::Mid;               // inactive title bar
-        case 4: return QPalette::Window;            // menu bar
-        case 5: return QPalette::Base;              // window background
-        case 6: return QPalette::Shadow;            // window frame
-        case 7: return QPalette::WindowText;        // menu text
-        case 8: return QPalette::Text;              // window text
-        case 9: return QPalette::HighlightedText;   // active title bar text
-        case 10: return QPalette::Mid;              // active border
-        case 11: return QPalette::Midlight;         // inactive border
-        case 12: return QPalette::Dark;             // application workspace
-        case 13: return QPalette::Highlight;        // highlight
-        case 14: return QPalette::HighlightedText;  // highlight text
-        case 15: return QPalette::Button;           // button face
-        case 16: return QPalette::Dark;             // button shadow
-        case 17: return QPalette::Text;             // gray text (taken from the disabled group)
-        case 18: return QPalette::ButtonText;       // button text
-        case 19: return QPalette::PlaceholderText;  // inactive title bar text
-        case 20: return QPalette::Light;            // button highlight
-        case 21: return QPalette::Shadow;           // 3-D dark shadow
-        case 22: return QPalette::Midlight;         // 3-D light
-        case 23: return QPalette::ToolTipText;      // tool tip text
-        case 24: return QPalette::ToolTipBase;      // tool tip background
-        default: return QPalette::Window;
+        case 0:
+            return QPalette::Button;  // scroll bars
+        case 1:
+            return QPalette::Window;  // desktop
+        case 2:
+            return QPalette::Highlight;  // active title bar
+        case 3:
+            return QPalette::Mid;  // inactive title bar
+        case 4:
+            return QPalette::Window;  // menu bar
+        case 5:
+            return QPalette::Base;  // window background
+        case 6:
+            return QPalette::Shadow;  // window frame
+        case 7:
+            return QPalette::WindowText;  // menu text
+        case 8:
+            return QPalette::Text;  // window text
+        case 9:
+            return QPalette::HighlightedText;  // active title bar text
+        case 10:
+            return QPalette::Mid;  // active border
+        case 11:
+            return QPalette::Midlight;  // inactive border
+        case 12:
+            return QPalette::Dark;  // application workspace
+        case 13:
+            return QPalette::Highlight;  // highlight
+        case 14:
+            return QPalette::HighlightedText;  // highlight text
+        case 15:
+            return QPalette::Button;  // button face
+        case 16:
+            return QPalette::Dark;  // button shadow
+        case 17:
+            return QPalette::Text;  // gray text (taken from the disabled group)
+        case 18:
+            return QPalette::ButtonText;  // button text
+        case 19:
+            return QPalette::PlaceholderText;  // inactive title bar text
+        case 20:
+            return QPalette::Light;  // button highlight
+        case 21:
+            return QPalette::Shadow;  // 3-D dark shadow
+        case 22:
+            return QPalette::Midlight;  // 3-D light
+        case 23:
+            return QPalette::ToolTipText;  // tool tip text
+        case 24:
+            return QPalette::ToolTipBase;  // tool tip background
+        default:
+            return QPalette::Window;
     }
 }
 
@@ -169,13 +212,19 @@ std::int16_t virtualKeyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
             return static_cast<std::int16_t>(96 + (qtKey - Qt::Key_0));
         }
         switch (qtKey) {
-            case Qt::Key_Asterisk: return 106;
-            case Qt::Key_Plus: return 107;
-            case Qt::Key_Minus: return 109;
+            case Qt::Key_Asterisk:
+                return 106;
+            case Qt::Key_Plus:
+                return 107;
+            case Qt::Key_Minus:
+                return 109;
             case Qt::Key_Period:
-            case Qt::Key_Comma: return 110;
-            case Qt::Key_Slash: return 111;
-            default: break;
+            case Qt::Key_Comma:
+                return 110;
+            case Qt::Key_Slash:
+                return 111;
+            default:
+                break;
         }
     }
     if (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) return static_cast<std::int16_t>(qtKey);
@@ -184,68 +233,115 @@ std::int16_t virtualKeyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
         return static_cast<std::int16_t>(112 + (qtKey - Qt::Key_F1));
     }
     switch (qtKey) {
-        case Qt::Key_Backspace: return key::Back;
+        case Qt::Key_Backspace:
+            return key::Back;
         case Qt::Key_Tab:
-        case Qt::Key_Backtab: return key::Tab;
+        case Qt::Key_Backtab:
+            return key::Tab;
         case Qt::Key_Return:
-        case Qt::Key_Enter: return key::Return;
-        case Qt::Key_Shift: return key::ShiftKey;
-        case Qt::Key_Control: return key::ControlKey;
-        case Qt::Key_Alt: return 18;
-        case Qt::Key_Pause: return 19;
-        case Qt::Key_CapsLock: return 20;
-        case Qt::Key_Escape: return 27;
-        case Qt::Key_Space: return key::Space;
-        case Qt::Key_PageUp: return 33;
-        case Qt::Key_PageDown: return 34;
-        case Qt::Key_End: return 35;
-        case Qt::Key_Home: return 36;
-        case Qt::Key_Left: return 37;
-        case Qt::Key_Up: return 38;
-        case Qt::Key_Right: return 39;
-        case Qt::Key_Down: return 40;
-        case Qt::Key_Print: return 44;
-        case Qt::Key_Insert: return 45;
-        case Qt::Key_Delete: return key::Delete;
-        case Qt::Key_Meta: return 91;
-        case Qt::Key_Menu: return 93;
-        case Qt::Key_NumLock: return 144;
-        case Qt::Key_ScrollLock: return 145;
+        case Qt::Key_Enter:
+            return key::Return;
+        case Qt::Key_Shift:
+            return key::ShiftKey;
+        case Qt::Key_Control:
+            return key::ControlKey;
+        case Qt::Key_Alt:
+            return 18;
+        case Qt::Key_Pause:
+            return 19;
+        case Qt::Key_CapsLock:
+            return 20;
+        case Qt::Key_Escape:
+            return 27;
+        case Qt::Key_Space:
+            return key::Space;
+        case Qt::Key_PageUp:
+            return 33;
+        case Qt::Key_PageDown:
+            return 34;
+        case Qt::Key_End:
+            return 35;
+        case Qt::Key_Home:
+            return 36;
+        case Qt::Key_Left:
+            return 37;
+        case Qt::Key_Up:
+            return 38;
+        case Qt::Key_Right:
+            return 39;
+        case Qt::Key_Down:
+            return 40;
+        case Qt::Key_Print:
+            return 44;
+        case Qt::Key_Insert:
+            return 45;
+        case Qt::Key_Delete:
+            return key::Delete;
+        case Qt::Key_Meta:
+            return 91;
+        case Qt::Key_Menu:
+            return 93;
+        case Qt::Key_NumLock:
+            return 144;
+        case Qt::Key_ScrollLock:
+            return 145;
         // Shifted digits report the symbol; the key is the digit's (a US layout).
-        case Qt::Key_ParenRight: return '0';
-        case Qt::Key_Exclam: return '1';
-        case Qt::Key_At: return '2';
-        case Qt::Key_NumberSign: return '3';
-        case Qt::Key_Dollar: return '4';
-        case Qt::Key_Percent: return '5';
-        case Qt::Key_AsciiCircum: return '6';
-        case Qt::Key_Ampersand: return '7';
-        case Qt::Key_Asterisk: return '8';
-        case Qt::Key_ParenLeft: return '9';
+        case Qt::Key_ParenRight:
+            return '0';
+        case Qt::Key_Exclam:
+            return '1';
+        case Qt::Key_At:
+            return '2';
+        case Qt::Key_NumberSign:
+            return '3';
+        case Qt::Key_Dollar:
+            return '4';
+        case Qt::Key_Percent:
+            return '5';
+        case Qt::Key_AsciiCircum:
+            return '6';
+        case Qt::Key_Ampersand:
+            return '7';
+        case Qt::Key_Asterisk:
+            return '8';
+        case Qt::Key_ParenLeft:
+            return '9';
         // The punctuation keys, plain and shifted.
         case Qt::Key_Semicolon:
-        case Qt::Key_Colon: return 186;
+        case Qt::Key_Colon:
+            return 186;
         case Qt::Key_Equal:
-        case Qt::Key_Plus: return 187;
+        case Qt::Key_Plus:
+            return 187;
         case Qt::Key_Comma:
-        case Qt::Key_Less: return 188;
+        case Qt::Key_Less:
+            return 188;
         case Qt::Key_Minus:
-        case Qt::Key_Underscore: return 189;
+        case Qt::Key_Underscore:
+            return 189;
         case Qt::Key_Period:
-        case Qt::Key_Greater: return 190;
+        case Qt::Key_Greater:
+            return 190;
         case Qt::Key_Slash:
-        case Qt::Key_Question: return 191;
+        case Qt::Key_Question:
+            return 191;
         case Qt::Key_QuoteLeft:
-        case Qt::Key_AsciiTilde: return 192;
+        case Qt::Key_AsciiTilde:
+            return 192;
         case Qt::Key_BracketLeft:
-        case Qt::Key_BraceLeft: return 219;
+        case Qt::Key_BraceLeft:
+            return 219;
         case Qt::Key_Backslash:
-        case Qt::Key_Bar: return 220;
+        case Qt::Key_Bar:
+            return 220;
         case Qt::Key_BracketRight:
-        case Qt::Key_BraceRight: return 221;
+        case Qt::Key_BraceRight:
+            return 221;
         case Qt::Key_Apostrophe:
-        case Qt::Key_QuoteDbl: return 222;
-        default: return 0;
+        case Qt::Key_QuoteDbl:
+            return 222;
+        default:
+            return 0;
     }
 }
 

@@ -18,19 +18,41 @@ namespace corvex::qt {
 MessageBoxLayout messageBoxLayout(std::int32_t style) {
     MessageBoxLayout layout;
     switch (style & 0x70) {
-        case 16: layout.icon = QMessageBox::Critical; break;
-        case 32: layout.icon = QMessageBox::Question; break;
-        case 48: layout.icon = QMessageBox::Warning; break;
-        case 64: layout.icon = QMessageBox::Information; break;
-        default: layout.icon = QMessageBox::NoIcon; break;
+        case 16:
+            layout.icon = QMessageBox::Critical;
+            break;
+        case 32:
+            layout.icon = QMessageBox::Question;
+            break;
+        case 48:
+            layout.icon = QMessageBox::Warning;
+            break;
+        case 64:
+            layout.icon = QMessageBox::Information;
+            break;
+        default:
+            layout.icon = QMessageBox::NoIcon;
+            break;
     }
     switch (style & 7) {
-        case 1: layout.buttons = {QMessageBox::Ok, QMessageBox::Cancel}; break;
-        case 2: layout.buttons = {QMessageBox::Abort, QMessageBox::Retry, QMessageBox::Ignore}; break;
-        case 3: layout.buttons = {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel}; break;
-        case 4: layout.buttons = {QMessageBox::Yes, QMessageBox::No}; break;
-        case 5: layout.buttons = {QMessageBox::Retry, QMessageBox::Cancel}; break;
-        default: layout.buttons = {QMessageBox::Ok}; break;
+        case 1:
+            layout.buttons = {QMessageBox::Ok, QMessageBox::Cancel};
+            break;
+        case 2:
+            layout.buttons = {QMessageBox::Abort, QMessageBox::Retry, QMessageBox::Ignore};
+            break;
+        case 3:
+            layout.buttons = {QMessageBox::Yes, QMessageBox::No, QMessageBox::Cancel};
+            break;
+        case 4:
+            layout.buttons = {QMessageBox::Yes, QMessageBox::No};
+            break;
+        case 5:
+            layout.buttons = {QMessageBox::Retry, QMessageBox::Cancel};
+            break;
+        default:
+            layout.buttons = {QMessageBox::Ok};
+            break;
     }
     // The host's boxes can be dismissed without a choice only when Cancel (or a lone OK)
     // says what that means.
@@ -39,20 +61,29 @@ MessageBoxLayout messageBoxLayout(std::int32_t style) {
     if (layout.help) layout.buttons.append(QMessageBox::Help);
     layout.rightAligned = (style & 0x80000) != 0;
     const int index = (style & 0x300) >> 8;
-    layout.defaultButton = index < layout.buttons.size() ? layout.buttons[index] : layout.buttons[0];
+    layout.defaultButton =
+        index < layout.buttons.size() ? layout.buttons[index] : layout.buttons[0];
     return layout;
 }
 
 std::int32_t messageBoxAnswer(QMessageBox::StandardButton button) {
     switch (button) {
-        case QMessageBox::Ok: return 1;
-        case QMessageBox::Cancel: return 2;
-        case QMessageBox::Abort: return 3;
-        case QMessageBox::Retry: return 4;
-        case QMessageBox::Ignore: return 5;
-        case QMessageBox::Yes: return 6;
-        case QMessageBox::No: return 7;
-        default: return 0;
+        case QMessageBox::Ok:
+            return 1;
+        case QMessageBox::Cancel:
+            return 2;
+        case QMessageBox::Abort:
+            return 3;
+        case QMessageBox::Retry:
+            return 4;
+        case QMessageBox::Ignore:
+            return 5;
+        case QMessageBox::Yes:
+            return 6;
+        case QMessageBox::No:
+            return 7;
+        default:
+            return 0;
     }
 }
 
@@ -95,15 +126,25 @@ std::int32_t QtHost::localeId() const {
     return QLocale().language() == QLocale::Japanese ? LocaleJapanese : LocaleEnglishUS;
 }
 
-void QtHost::setLocaleId(std::int32_t id) { localeId_ = id; }
+void QtHost::setLocaleId(std::int32_t id) {
+    localeId_ = id;
+}
 
-void QtHost::resetLocaleId() { localeId_.reset(); }
+void QtHost::resetLocaleId() {
+    localeId_.reset();
+}
 
-bool QtHost::userMode() const { return userMode_; }
+bool QtHost::userMode() const {
+    return userMode_;
+}
 
-void QtHost::setUserMode(bool v) { userMode_ = v; }
+void QtHost::setUserMode(bool v) {
+    userMode_ = v;
+}
 
-FontDesc QtHost::font() const { return fromQFont(QApplication::font()); }
+FontDesc QtHost::font() const {
+    return fromQFont(QApplication::font());
+}
 
 std::u16string QtHost::title() const {
     QString name = QGuiApplication::applicationDisplayName();
@@ -135,8 +176,8 @@ std::int32_t QtHost::messageBox(const MessageBoxRequest& request) {
     for (;;) {
         box.exec();
         QAbstractButton* clicked = box.clickedButton();
-        const auto pressed =
-            clicked ? box.standardButton(clicked) : QMessageBox::StandardButton(QMessageBox::NoButton);
+        const auto pressed = clicked ? box.standardButton(clicked)
+                                     : QMessageBox::StandardButton(QMessageBox::NoButton);
         if (pressed == QMessageBox::Help) {
             // Help opens the help file and leaves the box up for the real answer.
             if (!request.helpFile.empty()) {
@@ -155,13 +196,17 @@ void QtHost::setMessageBoxHandler(MessageBoxHandler handler) {
     messageBoxHandler_ = std::move(handler);
 }
 
-std::u16string QtHost::text() const { return fromQString(QGuiApplication::clipboard()->text()); }
+std::u16string QtHost::text() const {
+    return fromQString(QGuiApplication::clipboard()->text());
+}
 
 void QtHost::setText(const std::u16string& text) {
     QGuiApplication::clipboard()->setText(toQString(text));
 }
 
-void QtHost::setErrorHandler(ErrorHandler handler) { errorHandler_ = std::move(handler); }
+void QtHost::setErrorHandler(ErrorHandler handler) {
+    errorHandler_ = std::move(handler);
+}
 
 void QtHost::reportError(const std::exception& error) {
     if (errorHandler_) {

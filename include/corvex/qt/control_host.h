@@ -1,13 +1,12 @@
 // One control in a Qt window: the QWidget that is the control's surface and its site.
 #pragma once
 
-#include <memory>
-#include <span>
-#include <string_view>
-
 #include <QString>
 #include <QVariant>
 #include <QWidget>
+#include <memory>
+#include <span>
+#include <string_view>
 
 #include "corvex/common/control.h"
 #include "corvex/platform/site.h"
@@ -70,6 +69,7 @@ public:
     /// Raises Error 13 when cls does not make a control.
     QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent = nullptr,
                   Form* form = nullptr);
+    /// Destroys the control first, then the surface.
     ~QtControlHost() override;
 
     /// Sets the control's properties to their defaults (a newly placed control), then lays it out.
@@ -100,18 +100,29 @@ public:
     /// The class's default size, in pixels.
     QSize sizeHint() const override;
 
+    /// The host's ambient properties.
     Ambient& ambient() override;
+    /// The control's surface: twips outside, the scale mode inside.
     Surface& surface() override;
+    /// This host, which makes Qt inner widgets.
     WidgetFactory& widgets() override;
+    /// The sink that emits propertyChanged.
     PropertyChangedSink& propertyChangedSink() override;
+    /// This host, which emits eventRaised.
     EventSink& eventSink() override;
+    /// The host's message boxes.
     MessageBoxService& messageBoxes() override;
+    /// The system clipboard.
     Clipboard& clipboard() override;
+    /// The running application.
     Application& application() override;
+    /// The form the control sits on, or null.
     Form* parentForm() override;
 
-    std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& spec) override;
-    std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) override;
+    /// A QtCheckBox on this surface.
+    std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;
+    /// A QtTextBox on this surface.
+    std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& design) override;
 
     /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
     void raiseEvent(const EventInfo& event, std::span<Variant> args) override;

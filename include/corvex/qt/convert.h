@@ -1,16 +1,15 @@
 // Conversions between the core's values and Qt's: text, Variant, colours, fonts and keys.
 #pragma once
 
-#include <cstdint>
-#include <string>
-#include <string_view>
-
 #include <QColor>
 #include <QFont>
 #include <QMetaType>
 #include <QPalette>
 #include <QString>
 #include <QVariant>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "corvex/common/font.h"
 #include "corvex/common/variant.h"

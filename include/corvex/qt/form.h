@@ -1,10 +1,9 @@
 // A form in the Qt host: a top-level window that holds controls in creation order.
 #pragma once
 
+#include <QString>
 #include <memory>
 #include <vector>
-
-#include <QString>
 
 #include "corvex/platform/form.h"
 
@@ -45,11 +44,17 @@ public:
     /// The surface of the control named name, or null.
     QtControlHost* find(const QString& name) const;
 
+    /// The controls still on the form, in creation order.
     std::vector<ObjectRef> controls() const override;
+    /// The window frame's left edge on the screen, twips.
     float left() const override;
+    /// The window frame's top edge on the screen, twips.
     float top() const override;
+    /// The window's outer width, twips.
     float width() const override;
+    /// The window's outer height, twips.
     float height() const override;
+    /// Moves and sizes the window by its outer frame (twips).
     void move(float left, float top, float width, float height) override;
 
 private:

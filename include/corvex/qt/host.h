@@ -2,16 +2,15 @@
 // clipboard and the application's title, taken from the running QApplication.
 #pragma once
 
+#include <QList>
+#include <QMessageBox>
+#include <QString>
 #include <cstdint>
 #include <exception>
 #include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
-
-#include <QList>
-#include <QMessageBox>
-#include <QString>
 
 #include "corvex/platform/ambient.h"
 #include "corvex/platform/application.h"

@@ -1,0 +1,90 @@
+// The gallery: one window showing every control built so far, grouped, with their values,
+// an event log, a locale switch, and saving and loading of the values.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+#include <memory>
+#include <vector>
+
+#include "corvex/library/memory_bag.h"
+
+class QCheckBox;
+
+namespace corvex {
+class ClassInfo;
+}
+
+namespace corvex::qt {
+class QtControlHost;
+class QtForm;
+class QtHost;
+}  // namespace corvex::qt
+
+namespace corvex::gallery {
+
+/// One control shown in the gallery.
+struct GalleryEntry {
+    /// The control's class table.
+    const ClassInfo& (*classInfo)();
+    /// The control's name on the form (and in the event log).
+    const char16_t* name;
+    /// The title of the group box it sits in; entries with one title share a box.
+    const char16_t* group;
+    /// Design-time properties, loaded as a saved form loads them (none: a new control).
+    std::vector<MemoryBag::Entry> design = {};
+    /// Whether a plain Qt check box "Enable it" beside it switches its Enabled.
+    bool enableSwitch = false;
+};
+
+/// The controls of the gallery, in order: adding a control is adding a line here.
+const std::vector<GalleryEntry>& galleryEntries();
+
+/// The gallery's main window.
+class GalleryWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    /// The window with every control of galleryEntries() on it, for host.
+    explicit GalleryWindow(qt::QtHost& host, QWidget* parent = nullptr);
+    ~GalleryWindow() override;
+
+    /// The form holding the controls.
+    qt::QtForm& form() const;
+    /// The surface of the control named name, or null.
+    qt::QtControlHost* control(const QString& name) const;
+    /// The "Enable it" switch beside the control named name, or null.
+    QCheckBox* enableSwitch(const QString& name) const;
+
+    /// The file that Save values and Load values use (under the application's config folder).
+    QString valuesFile() const;
+    /// Writes every control's Value to valuesFile() as a form file; false (and a log line) on
+    /// failure.
+    bool saveValues();
+    /// Reads the values back from valuesFile() into the controls; false on failure.
+    bool loadValues();
+    /// Calls Store on every control that has it.
+    void storeAll();
+    /// Calls Restore on every control that has it.
+    void restoreAll();
+    /// Switches the controls' locale: true Japanese (1041), false English (1033).
+    void setJapanese(bool japanese);
+
+    /// The line that shows every control's Value.
+    QString valuesText() const;
+    /// The event log, oldest first.
+    QStringList eventLog() const;
+    /// Adds a line to the event log.
+    void log(const QString& line);
+
+signals:
+    /// A line was added to the log.
+    void logged(const QString& line);
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+}  // namespace corvex::gallery

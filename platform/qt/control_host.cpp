@@ -1,0 +1,345 @@
+#include "corvex/qt/control_host.h"
+
+#include <QResizeEvent>
+#include <QShowEvent>
+#include <QStringList>
+#include <cmath>
+#include <exception>
+
+#include "corvex/common/text.h"
+#include "corvex/qt/convert.h"
+#include "corvex/qt/host.h"
+#include "corvex/qt/widgets.h"
+
+namespace corvex::qt {
+
+// --- event arguments ------------------------------------------------------------------
+
+EventArgs::EventArgs(const EventInfo& event, std::span<Variant> values)
+    : event_(event), values_(values) {}
+
+QString EventArgs::eventName() const {
+    return toQString(event_.name);
+}
+
+QString EventArgs::name(int i) const {
+    if (i < 0 || static_cast<std::size_t>(i) >= event_.params.size()) return QString();
+    return toQString(event_.params[static_cast<std::size_t>(i)].name);
+}
+
+int EventArgs::indexOf(const QString& name) const {
+    const std::u16string wanted = fromQString(name);
+    for (std::size_t i = 0; i < event_.params.size() && i < values_.size(); ++i) {
+        if (equalsIgnoringCase(event_.params[i].name, wanted)) return static_cast<int>(i);
+    }
+    return -1;
+}
+
+bool EventArgs::isByRef(int i) const {
+    return i >= 0 && static_cast<std::size_t>(i) < event_.params.size() &&
+           static_cast<std::size_t>(i) < values_.size() &&
+           event_.params[static_cast<std::size_t>(i)].byRef;
+}
+
+QVariant EventArgs::value(int i) const {
+    if (i < 0 || i >= count()) return QVariant();
+    return toQVariant(values_[static_cast<std::size_t>(i)]);
+}
+
+QVariant EventArgs::value(const QString& name) const {
+    return value(indexOf(name));
+}
+
+bool EventArgs::setValue(int i, const QVariant& value) {
+    if (!isByRef(i)) return false;
+    try {
+        const Variant v = fromQVariant(value);
+        Variant converted;
+        // The argument keeps the kind its event declares, as an assignment to a typed
+        // by-reference parameter does.
+        switch (event_.params[static_cast<std::size_t>(i)].type) {
+            case VarType::Boolean:
+                converted = Variant(v.toBoolean());
+                break;
+            case VarType::Integer:
+                converted = Variant(v.toInteger());
+                break;
+            case VarType::Long:
+                converted = Variant(v.toLong());
+                break;
+            case VarType::Single:
+                converted = Variant(v.toSingle());
+                break;
+            case VarType::Double:
+                converted = Variant(v.toDouble());
+                break;
+            case VarType::String:
+                converted = Variant(v.toString());
+                break;
+            case VarType::Object:
+                converted = Variant(v.toObject());
+                break;
+            case VarType::Empty:
+                converted = v;
+                break;
+        }
+        values_[static_cast<std::size_t>(i)] = converted;
+        return true;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+bool EventArgs::setValue(const QString& name, const QVariant& value) {
+    return setValue(indexOf(name), value);
+}
+
+QString EventArgs::toString() const {
+    QStringList parts;
+    for (int i = 0; i < count(); ++i) {
+        const Variant& v = values_[static_cast<std::size_t>(i)];
+        QString text;
+        if (v.type() == VarType::String) {
+            text = QLatin1Char('"') + toQString(v.asString()) + QLatin1Char('"');
+        } else if (v.type() == VarType::Object) {
+            text = QStringLiteral("<object>");
+        } else {
+            text = toQString(v.toString());
+        }
+        const QString n = name(i);
+        parts << (n.isEmpty() ? text : n + QLatin1Char('=') + text);
+    }
+    return eventName() + QLatin1Char('(') + parts.join(QStringLiteral(", ")) + QLatin1Char(')');
+}
+
+// --- control host ---------------------------------------------------------------------
+
+struct QtControlHost::Private {
+    // The control's Surface: sizes in twips for the container, scale units inside.
+    struct SurfaceImpl : Surface {
+        QtControlHost& q;
+        explicit SurfaceImpl(QtControlHost& host) : q(host) {}
+
+        float convert(float value, ScaleMode from, ScaleMode to, bool horizontal) const {
+            const double tpp = horizontal ? q.twipsPerPixelX() : q.twipsPerPixelY();
+            // The container measures in twips; this surface has no user-defined scale,
+            // so its User units are twips as well.
+            const auto unit = [&](ScaleMode m) {
+                const double t = twipsPerUnit(m, tpp, horizontal);
+                return t == 0 ? 1.0 : t;
+            };
+            return static_cast<float>(value * unit(from) / unit(to));
+        }
+        float scaleWidth() const override {
+            return convert(width(), ScaleMode::Twips, q.d->scaleMode, true);
+        }
+        float scaleHeight() const override {
+            return convert(height(), ScaleMode::Twips, q.d->scaleMode, false);
+        }
+        ScaleMode scaleMode() const override { return q.d->scaleMode; }
+        float scaleX(float value, ScaleMode from, ScaleMode to) const override {
+            return convert(value, from, to, true);
+        }
+        float scaleY(float value, ScaleMode from, ScaleMode to) const override {
+            return convert(value, from, to, false);
+        }
+        float width() const override {
+            return static_cast<float>(q.QWidget::width() * q.twipsPerPixelX());
+        }
+        float height() const override {
+            return static_cast<float>(q.QWidget::height() * q.twipsPerPixelY());
+        }
+        void setSize(float width, float height) override {
+            const int w = std::max(0, static_cast<int>(std::lround(width / q.twipsPerPixelX())));
+            const int h = std::max(0, static_cast<int>(std::lround(height / q.twipsPerPixelY())));
+            q.resize(w, h);
+            // A visible widget heard its resizeEvent already; a hidden one hears it only
+            // when shown, but the control lays out now.
+            if (!q.isVisible()) q.d->layOut();
+        }
+        void refresh() override { q.update(); }
+    };
+
+    struct SinkImpl : PropertyChangedSink {
+        QtControlHost& q;
+        explicit SinkImpl(QtControlHost& host) : q(host) {}
+        void propertyChanged(std::u16string_view name) override {
+            emit q.propertyChanged(toQString(name));
+        }
+    };
+
+    QtControlHost& q;
+    QtHost& host;
+    const ClassInfo& cls;
+    Form* form;
+    SurfaceImpl surface;
+    SinkImpl sink;
+    ScaleMode scaleMode = ScaleMode::Twips;
+    ObjectRef object;
+    Control* control = nullptr;
+    bool shown = false;
+    int layoutDepth = 0;
+
+    Private(QtControlHost& owner, QtHost& h, const ClassInfo& c, Form* f)
+        : q(owner), host(h), cls(c), form(f), surface(owner), sink(owner) {}
+
+    void layOut() {
+        // A Resize handler may resize the control again; a few rounds settle any layout,
+        // and more would be a loop.
+        if (!control || layoutDepth >= 4) return;
+        ++layoutDepth;
+        try {
+            control->resize();
+        } catch (...) {
+            --layoutDepth;
+            throw;
+        }
+        --layoutDepth;
+    }
+};
+
+QtControlHost::QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent, Form* form)
+    : QWidget(parent), d(std::make_unique<Private>(*this, host, cls, form)) {
+    const auto [w, h] = cls.defaultSize();
+    if (w > 0 && h > 0) {
+        resize(static_cast<int>(std::lround(w / twipsPerPixelX())),
+               static_cast<int>(std::lround(h / twipsPerPixelY())));
+    }
+    d->object = cls.create(*this);
+    d->control = dynamic_cast<Control*>(d->object.get());
+    if (!d->control) {
+        d->object.reset();
+        throw Error(err::TypeMismatch, cls.name() + u" is not a control");
+    }
+}
+
+QtControlHost::~QtControlHost() {
+    // The control goes first: its widgets still find their surface while they go.
+    d->control = nullptr;
+    d->object.reset();
+}
+
+void QtControlHost::initNew() {
+    d->control->initProperties();
+    d->layOut();
+}
+
+void QtControlHost::load(PropertyBag& bag) {
+    d->control->readProperties(bag);
+    d->layOut();
+}
+
+void QtControlHost::save(PropertyBag& bag) {
+    d->control->writeProperties(bag);
+}
+
+Control& QtControlHost::control() const {
+    return *d->control;
+}
+
+ObjectRef QtControlHost::object() const {
+    return d->object;
+}
+
+const ClassInfo& QtControlHost::classInfo() const {
+    return d->cls;
+}
+
+QtHost& QtControlHost::host() const {
+    return d->host;
+}
+
+QWidget* QtControlHost::innerWidget(const QString& name) const {
+    if (name.isEmpty()) return nullptr;
+    return findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
+}
+
+void QtControlHost::setScaleMode(ScaleMode mode) {
+    d->scaleMode = mode;
+}
+
+double QtControlHost::twipsPerPixelX() const {
+    return 1440.0 / logicalDpiX();
+}
+
+double QtControlHost::twipsPerPixelY() const {
+    return 1440.0 / logicalDpiY();
+}
+
+QSize QtControlHost::sizeHint() const {
+    const auto [w, h] = d->cls.defaultSize();
+    if (w <= 0 || h <= 0) return QWidget::sizeHint();
+    return QSize(static_cast<int>(std::lround(w / twipsPerPixelX())),
+                 static_cast<int>(std::lround(h / twipsPerPixelY())));
+}
+
+Ambient& QtControlHost::ambient() {
+    return d->host;
+}
+
+Surface& QtControlHost::surface() {
+    return d->surface;
+}
+
+WidgetFactory& QtControlHost::widgets() {
+    return *this;
+}
+
+PropertyChangedSink& QtControlHost::propertyChangedSink() {
+    return d->sink;
+}
+
+EventSink& QtControlHost::eventSink() {
+    return *this;
+}
+
+MessageBoxService& QtControlHost::messageBoxes() {
+    return d->host;
+}
+
+Clipboard& QtControlHost::clipboard() {
+    return d->host;
+}
+
+Application& QtControlHost::application() {
+    return d->host;
+}
+
+Form* QtControlHost::parentForm() {
+    return d->form;
+}
+
+std::unique_ptr<CheckBox> QtControlHost::createCheckBox(const WidgetSpec& design) {
+    return std::make_unique<QtCheckBox>(*this, design);
+}
+
+std::unique_ptr<TextBox> QtControlHost::createTextBox(const TextBoxSpec& design) {
+    return std::make_unique<QtTextBox>(*this, design);
+}
+
+void QtControlHost::raiseEvent(const EventInfo& event, std::span<Variant> args) {
+    EventArgs a(event, args);
+    emit eventRaised(toQString(event.name), a);
+}
+
+void QtControlHost::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    try {
+        d->layOut();
+    } catch (const std::exception& e) {
+        d->host.reportError(e);
+    }
+}
+
+void QtControlHost::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (d->shown || !d->control) return;
+    d->shown = true;
+    try {
+        d->control->show();
+    } catch (const std::exception& e) {
+        d->host.reportError(e);
+    }
+}
+
+}  // namespace corvex::qt

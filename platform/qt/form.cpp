@@ -1,0 +1,105 @@
+#include "corvex/qt/form.h"
+
+#include <QPointer>
+#include <QWidget>
+#include <algorithm>
+#include <cmath>
+
+#include "corvex/common/error.h"
+#include "corvex/qt/control_host.h"
+#include "corvex/qt/convert.h"
+
+namespace corvex::qt {
+
+struct QtForm::Private {
+    QtHost& host;
+    QPointer<QWidget> window;
+    std::vector<QPointer<QtControlHost>> hosts;
+
+    Private(QtHost& h, QWidget* w) : host(h), window(w) {}
+
+    double twipsPerPixelX() const { return window ? 1440.0 / window->logicalDpiX() : 15.0; }
+    double twipsPerPixelY() const { return window ? 1440.0 / window->logicalDpiY() : 15.0; }
+};
+
+QtForm::QtForm(QtHost& host, QWidget* window) : d(std::make_unique<Private>(host, window)) {}
+
+QtForm::~QtForm() {
+    // Later controls go first, as a form unloads them.
+    for (auto it = d->hosts.rbegin(); it != d->hosts.rend(); ++it) delete it->data();
+}
+
+QWidget* QtForm::window() const {
+    return d->window;
+}
+
+QtHost& QtForm::host() const {
+    return d->host;
+}
+
+QtControlHost* QtForm::addControl(const ClassInfo& cls, const QString& name, QWidget* container) {
+    if (find(name)) {
+        throw Error(err::WrongArguments,
+                    u"A control named " + fromQString(name) + u" is already on the form");
+    }
+    auto* host = new QtControlHost(cls, d->host, container ? container : d->window.data(), this);
+    host->setObjectName(name);
+    d->hosts.emplace_back(host);
+    return host;
+}
+
+std::vector<QtControlHost*> QtForm::hosts() const {
+    std::vector<QtControlHost*> out;
+    for (const auto& h : d->hosts) {
+        if (h) out.push_back(h.data());
+    }
+    return out;
+}
+
+QtControlHost* QtForm::find(const QString& name) const {
+    for (const auto& h : d->hosts) {
+        if (h && h->objectName() == name) return h.data();
+    }
+    return nullptr;
+}
+
+std::vector<ObjectRef> QtForm::controls() const {
+    std::vector<ObjectRef> out;
+    for (QtControlHost* h : hosts()) out.push_back(h->object());
+    return out;
+}
+
+float QtForm::left() const {
+    return d->window ? static_cast<float>(d->window->frameGeometry().x() * d->twipsPerPixelX())
+                     : 0.f;
+}
+
+float QtForm::top() const {
+    return d->window ? static_cast<float>(d->window->frameGeometry().y() * d->twipsPerPixelY())
+                     : 0.f;
+}
+
+float QtForm::width() const {
+    return d->window ? static_cast<float>(d->window->frameGeometry().width() * d->twipsPerPixelX())
+                     : 0.f;
+}
+
+float QtForm::height() const {
+    return d->window ? static_cast<float>(d->window->frameGeometry().height() * d->twipsPerPixelY())
+                     : 0.f;
+}
+
+void QtForm::move(float left, float top, float width, float height) {
+    QWidget* w = d->window;
+    if (!w) return;
+    const auto px = [](float twips, double tpp) {
+        return static_cast<int>(std::lround(twips / tpp));
+    };
+    // The form's size is its outer size: the frame's share comes off the client area.
+    const QSize frameExtra = w->frameGeometry().size() - w->size();
+    w->move(px(left, d->twipsPerPixelX()), px(top, d->twipsPerPixelY()));
+    w->resize(std::max(0, px(width, d->twipsPerPixelX()) - frameExtra.width()),
+              std::max(0, px(height, d->twipsPerPixelY()) - frameExtra.height()));
+}
+
+}  // namespace corvex::qt
