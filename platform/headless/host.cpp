@@ -145,7 +145,11 @@ Site& HeadlessForm::place(const ClassInfo& cls, std::u16string name, PropertyBag
             control->initProperties();
         }
     } catch (...) {
-        sites_.pop_back();  // a control that could not load does not stay on the form
+        // A control that could not load does not stay on the form; it goes before its
+        // site, since its widgets still report to the site as they go.
+        object.reset();
+        control.reset();
+        sites_.pop_back();
         throw;
     }
     control->resize();
