@@ -1,0 +1,104 @@
+// The script host's interpreter: runs the script protocol's commands, one line at a time,
+// against a headless host of its own, and prints what happens as it happens. It knows
+// the library's classes only through the class table and their member tables.
+#pragma once
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "corvex/common/variant.h"
+#include "corvex/headless/host.h"
+
+namespace corvex::script {
+
+/// Exit status of a script that ran to its end.
+inline constexpr int ExitOk = 0;
+/// Exit status of a script stopped at a line that cannot be parsed.
+inline constexpr int ExitParseError = 2;
+
+/// Runs script lines. Output lines go to out; parse errors ("line N: message") go to
+/// diagnostics. After a parse error every later line is refused.
+class Interpreter : private headless::HostObserver {
+public:
+    /// Whether a line was taken or the script must stop.
+    enum class Status { Ok, ParseError };
+
+    /// An interpreter with a fresh host (locale 1033, run mode) and an empty form.
+    Interpreter(std::ostream& out, std::ostream& diagnostics);
+    ~Interpreter() override;
+    Interpreter(const Interpreter&) = delete;
+    Interpreter& operator=(const Interpreter&) = delete;
+
+    /// Parses and runs the next line (UTF-8, without its line break; a trailing CR is
+    /// dropped). Runtime failures print an error line and return Ok.
+    Status feedLine(std::string_view line);
+    /// Ends the script: a load block without its end is a parse error.
+    Status finish();
+    /// Runs a whole script from text; returns ExitOk or ExitParseError.
+    int run(std::string_view text);
+    /// Runs a whole script from a stream, flushing the output after each line.
+    int run(std::istream& in);
+
+    /// The host the controls live on.
+    headless::Host& host() { return host_; }
+    /// The form the script's controls are placed on.
+    headless::HeadlessForm& form() { return form_; }
+
+private:
+    // A literal argument, or the bare name of a control resolved when the line runs.
+    struct Operand {
+        Variant value;
+        std::u16string name;
+        bool isName = false;
+    };
+    // The entries of a load block, gathered up to its end line.
+    struct PendingLoad {
+        std::u16string className;
+        std::u16string name;
+        int line = 0;
+        std::vector<std::pair<std::u16string, Operand>> entries;
+    };
+
+    void parseAndRun(std::string_view line);
+    void parseLoadLine(const std::vector<std::string_view>& tokens);
+    void runLoad(const PendingLoad& load);
+    template <class F>
+    void execute(F&& action);
+
+    Operand operand(std::string_view token) const;
+    Variant evaluate(const Operand& op) const;
+    headless::Site& site(std::u16string_view name) const;
+    headless::Site* findSite(std::u16string_view name) const;
+    void print(const std::string& line);
+
+    // HostObserver
+    void messageBoxShown(const MessageBoxRequest& request) override;
+    void eventRaised(headless::Site& site, const EventInfo& event,
+                     std::span<const Variant> args) override;
+    void propertyChanged(headless::Site& site, std::u16string_view name) override;
+    void focusTaken(headless::Site& site) override;
+
+    std::ostream& out_;
+    std::ostream& diagnostics_;
+    headless::Host host_;
+    headless::HeadlessForm form_;
+    int lineNumber_ = 0;
+    bool stopped_ = false;
+    std::optional<PendingLoad> pending_;
+};
+
+/// What a whole script printed and how it ended.
+struct ScriptResult {
+    int status = ExitOk;       ///< ExitOk or ExitParseError
+    std::string output;        ///< the output lines, each ended by '\n'
+    std::string diagnostics;   ///< the parse error message, if any
+};
+
+/// Runs a script from text on a fresh interpreter.
+ScriptResult runScript(std::string_view text);
+
+}  // namespace corvex::script

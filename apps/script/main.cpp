@@ -1,0 +1,24 @@
+// corvex-script: runs a script of the script protocol (a file given as the argument, or
+// standard input) on a headless host and prints what happens, one line per happening.
+#include <fstream>
+#include <iostream>
+
+#include "corvex/script/interpreter.h"
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    if (argc > 2) {
+        std::cerr << "usage: corvex-script [SCRIPT]\n";
+        return 1;
+    }
+    corvex::script::Interpreter interpreter(std::cout, std::cerr);
+    if (argc == 2) {
+        std::ifstream file(argv[1], std::ios::binary);
+        if (!file) {
+            std::cerr << "corvex-script: cannot open " << argv[1] << "\n";
+            return 1;
+        }
+        return interpreter.run(file);
+    }
+    return interpreter.run(std::cin);
+}

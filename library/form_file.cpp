@@ -1,0 +1,579 @@
+#include "corvex/library/form_file.h"
+
+#include <bit>
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <optional>
+
+#include "corvex/common/font.h"
+#include "corvex/common/text.h"
+#include "corvex/library/literals.h"
+
+namespace corvex {
+
+namespace {
+
+// No line of a form file may be longer than this (bytes, without its line break). A
+// longer one is refused whole rather than read into memory piece by piece, and the
+// writer refuses to write one, so that whatever it writes reads back.
+constexpr std::size_t kMaxLineBytes = 1u << 20;
+
+constexpr std::string_view kHeaderWord = "CorvexForm";
+constexpr std::string_view kVersion = "1";
+
+[[noreturn]] void fail(int line, const std::string& message) { throw FormFileError(line, message); }
+
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
+bool isNameChar(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+// A cursor over one line.
+class LineReader {
+public:
+    LineReader(std::string_view text, int number) : text_(text), number_(number) {}
+
+    int number() const { return number_; }
+    bool atEnd() const { return pos_ >= text_.size(); }
+    bool peek(char c) const { return pos_ < text_.size() && text_[pos_] == c; }
+    void skipBlanks() {
+        while (pos_ < text_.size() && isBlank(text_[pos_])) ++pos_;
+    }
+    // A run of name characters, possibly empty.
+    std::string_view word() {
+        const std::size_t start = pos_;
+        while (pos_ < text_.size() && isNameChar(text_[pos_])) ++pos_;
+        return text_.substr(start, pos_ - start);
+    }
+    // A run of characters up to the next blank.
+    std::string_view token() {
+        const std::size_t start = pos_;
+        while (pos_ < text_.size() && !isBlank(text_[pos_])) ++pos_;
+        return text_.substr(start, pos_ - start);
+    }
+    // A name (letters, digits, underscore, not starting with a digit).
+    std::string_view name(const char* what) {
+        skipBlanks();
+        const std::string_view t = token();
+        if (t.empty()) fail(number_, std::string("missing ") + what);
+        if (!isName(t)) fail(number_, std::string("bad ") + what + " \"" + shorten(t) + "\": use letters, digits and underscores");
+        return t;
+    }
+    void expect(char c, const std::string& context) {
+        skipBlanks();
+        if (atEnd() || text_[pos_] != c) fail(number_, std::string("expected ") + c + " " + context);
+        ++pos_;
+    }
+    std::u16string quoted() {
+        skipBlanks();
+        try {
+            return readQuoted(text_, pos_);
+        } catch (const LiteralError& e) {
+            fail(number_, e.what());
+        }
+    }
+    // Nothing but blanks may follow.
+    void expectEnd() {
+        skipBlanks();
+        if (!atEnd()) fail(number_, "unexpected text \"" + shorten(text_.substr(pos_)) + "\" at the end of the line");
+    }
+    // A blank must separate what was read from what follows, unless the line ends.
+    void expectSeparator() {
+        if (!atEnd() && !isBlank(text_[pos_])) {
+            fail(number_, "unexpected text \"" + shorten(text_.substr(pos_)) + "\"");
+        }
+    }
+
+    // Keeps messages readable whatever the line holds.
+    static std::string shorten(std::string_view t) {
+        std::string out;
+        for (char c : t.substr(0, 40)) {
+            const auto b = static_cast<unsigned char>(c);
+            out += (b < 0x20 || b >= 0x7F) ? '?' : c;
+        }
+        if (t.size() > 40) out += "...";
+        return out;
+    }
+
+private:
+    std::string_view text_;
+    int number_;
+    std::size_t pos_ = 0;
+};
+
+// --- numbers -------------------------------------------------------------------------
+
+template <class Int>
+Int readInteger(LineReader& r, const char* kind) {
+    r.skipBlanks();
+    const std::string_view t = r.token();
+    if (t.empty()) fail(r.number(), std::string("missing ") + kind + " value");
+    Int value = 0;
+    const auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), value);
+    if (ec == std::errc::result_out_of_range) {
+        fail(r.number(), std::string(kind) + " value out of range: " + LineReader::shorten(t));
+    }
+    if (ec != std::errc() || end != t.data() + t.size()) {
+        fail(r.number(), std::string("bad ") + kind + " value: " + LineReader::shorten(t));
+    }
+    return value;
+}
+
+template <class F>
+struct FloatBits;
+template <>
+struct FloatBits<float> {
+    using Bits = std::uint32_t;
+    static constexpr Bits canonicalNan = 0x7FC00000u;
+    static constexpr Bits exponentMask = 0x7F800000u;
+    static constexpr Bits mantissaMask = 0x007FFFFFu;
+    static constexpr std::size_t hexDigits = 8;
+};
+template <>
+struct FloatBits<double> {
+    using Bits = std::uint64_t;
+    static constexpr Bits canonicalNan = 0x7FF8000000000000u;
+    static constexpr Bits exponentMask = 0x7FF0000000000000u;
+    static constexpr Bits mantissaMask = 0x000FFFFFFFFFFFFFu;
+    static constexpr std::size_t hexDigits = 16;
+};
+
+// Shortest text that reads back to the same bits: std::to_chars' shortest form for
+// numbers and infinities; "nan" and "-nan" for the usual quiet NaN, and "nan(0x...)"
+// with every bit for any other NaN.
+template <class F>
+std::string writeFloat(F value) {
+    using T = FloatBits<F>;
+    const auto bits = std::bit_cast<typename T::Bits>(value);
+    if (value != value) {
+        if (bits == T::canonicalNan) return "nan";
+        if (bits == (T::canonicalNan | (typename T::Bits{1} << (T::hexDigits * 4 - 1)))) return "-nan";
+        char buf[32];
+        const auto r = std::to_chars(buf, buf + sizeof buf, bits, 16);
+        std::string hex(buf, r.ptr);
+        return "nan(0x" + std::string(T::hexDigits - hex.size(), '0') + hex + ")";
+    }
+    char buf[64];
+    const auto r = std::to_chars(buf, buf + sizeof buf, value);
+    return std::string(buf, r.ptr);
+}
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+
+// -?D+(.D+)?([eE][+-]?D+)?
+bool isDecimalShape(std::string_view t) {
+    std::size_t i = 0;
+    if (i < t.size() && t[i] == '-') ++i;
+    std::size_t start = i;
+    while (i < t.size() && isDigit(t[i])) ++i;
+    if (i == start) return false;
+    if (i < t.size() && t[i] == '.') {
+        start = ++i;
+        while (i < t.size() && isDigit(t[i])) ++i;
+        if (i == start) return false;
+    }
+    if (i < t.size() && (t[i] == 'e' || t[i] == 'E')) {
+        ++i;
+        if (i < t.size() && (t[i] == '+' || t[i] == '-')) ++i;
+        start = i;
+        while (i < t.size() && isDigit(t[i])) ++i;
+        if (i == start) return false;
+    }
+    return i == t.size();
+}
+
+template <class F>
+F parseFloatToken(std::string_view t, int line, const char* kind) {
+    using T = FloatBits<F>;
+    const auto bad = [&]() { fail(line, std::string("bad ") + kind + " value: " + LineReader::shorten(t)); };
+    if (t == "nan") return std::bit_cast<F>(T::canonicalNan);
+    if (t == "-nan") {
+        return std::bit_cast<F>(T::canonicalNan | (typename T::Bits{1} << (T::hexDigits * 4 - 1)));
+    }
+    if (t == "inf") return std::numeric_limits<F>::infinity();
+    if (t == "-inf") return -std::numeric_limits<F>::infinity();
+    if (t.starts_with("nan(0x") && t.ends_with(")")) {
+        const std::string_view hex = t.substr(6, t.size() - 7);
+        typename T::Bits bits = 0;
+        const auto [end, ec] = std::from_chars(hex.data(), hex.data() + hex.size(), bits, 16);
+        if (hex.size() != T::hexDigits || ec != std::errc() || end != hex.data() + hex.size()) bad();
+        if ((bits & T::exponentMask) != T::exponentMask || (bits & T::mantissaMask) == 0) {
+            fail(line, std::string("nan(0x...) must hold the bits of a NaN: ") + LineReader::shorten(t));
+        }
+        return std::bit_cast<F>(bits);
+    }
+    if (!isDecimalShape(t)) bad();
+    F value = 0;
+    const auto [end, ec] = std::from_chars(t.data(), t.data() + t.size(), value);
+    if (ec == std::errc::result_out_of_range) {
+        fail(line, std::string(kind) + " value out of range: " + LineReader::shorten(t));
+    }
+    if (ec != std::errc() || end != t.data() + t.size()) bad();
+    return value;
+}
+
+template <class F>
+F readFloat(LineReader& r, const char* kind) {
+    r.skipBlanks();
+    const std::string_view t = r.token();
+    if (t.empty()) fail(r.number(), std::string("missing ") + kind + " value");
+    return parseFloatToken<F>(t, r.number(), kind);
+}
+
+bool readTrueFalse(LineReader& r, const char* what) {
+    r.skipBlanks();
+    const std::string_view t = r.token();
+    if (t == "True") return true;
+    if (t == "False") return false;
+    fail(r.number(), std::string(what) + " must be True or False");
+}
+
+// --- values --------------------------------------------------------------------------
+
+Variant readFont(LineReader& r) {
+    FontDesc f;
+    bool seen[8] = {};
+    static constexpr std::string_view fields[8] = {"Name",          "Size",   "Bold",   "Italic",
+                                                   "Underline",     "Strikethrough", "Weight", "Charset"};
+    for (;;) {
+        r.skipBlanks();
+        if (r.atEnd()) break;
+        const std::string_view field = r.word();
+        int k = 0;
+        while (k < 8 && fields[k] != field) ++k;
+        if (k == 8) {
+            fail(r.number(), field.empty() ? std::string("expected a font field such as Name=")
+                                           : "unknown font field " + std::string(field));
+        }
+        if (seen[k]) fail(r.number(), "font field " + std::string(field) + " given twice");
+        seen[k] = true;
+        r.expect('=', "after font field " + std::string(field));
+        switch (k) {
+            case 0: f.name = r.quoted(); break;
+            case 1: f.size = readFloat<double>(r, "font Size"); break;
+            case 2: f.bold = readTrueFalse(r, "font Bold"); break;
+            case 3: f.italic = readTrueFalse(r, "font Italic"); break;
+            case 4: f.underline = readTrueFalse(r, "font Underline"); break;
+            case 5: f.strikethrough = readTrueFalse(r, "font Strikethrough"); break;
+            case 6: f.weight = readInteger<std::int16_t>(r, "font Weight"); break;
+            default: f.charset = readInteger<std::int16_t>(r, "font Charset"); break;
+        }
+        r.expectSeparator();
+    }
+    // Left off, the weight is the one that goes with Bold.
+    if (!seen[6]) f.weight = f.bold ? 700 : 400;
+    return Variant(ObjectRef(Font::make(std::move(f))));
+}
+
+Variant readValue(LineReader& r) {
+    r.skipBlanks();
+    const std::string_view type = r.word();
+    if (type.empty()) fail(r.number(), "missing type word (Empty, Boolean, Integer, Long, Single, Double, String, Font or Nothing)");
+    r.expectSeparator();
+    Variant v;
+    if (type == "Empty") {
+        v = Variant();
+    } else if (type == "Nothing") {
+        v = Variant(ObjectRef());
+    } else if (type == "Boolean") {
+        r.skipBlanks();
+        const std::string_view t = r.token();
+        if (t == "True") {
+            v = Variant(true);
+        } else if (t == "False") {
+            v = Variant(false);
+        } else {
+            LineReader number(t, r.number());
+            v = Variant(Boolean::fromRaw(readInteger<std::int16_t>(number, "Boolean")));
+        }
+    } else if (type == "Integer") {
+        v = Variant(readInteger<std::int16_t>(r, "Integer"));
+    } else if (type == "Long") {
+        v = Variant(readInteger<std::int32_t>(r, "Long"));
+    } else if (type == "Single") {
+        v = Variant(readFloat<float>(r, "Single"));
+    } else if (type == "Double") {
+        v = Variant(readFloat<double>(r, "Double"));
+    } else if (type == "String") {
+        v = Variant(r.quoted());
+    } else if (type == "Font") {
+        return readFont(r);
+    } else {
+        fail(r.number(), "unknown type word \"" + LineReader::shorten(type) + "\"");
+    }
+    r.expectEnd();
+    return v;
+}
+
+void writeValue(std::string& out, const Variant& v, int line) {
+    switch (v.type()) {
+        case VarType::Empty: out += "Empty"; return;
+        case VarType::Boolean: {
+            const Boolean b = v.asBoolean();
+            out += "Boolean ";
+            out += b.isTrue() ? "True" : b.isFalse() ? "False" : std::to_string(b.raw);
+            return;
+        }
+        case VarType::Integer: out += "Integer " + std::to_string(v.asInteger()); return;
+        case VarType::Long: out += "Long " + std::to_string(v.asLong()); return;
+        case VarType::Single: out += "Single " + writeFloat(v.asSingle()); return;
+        case VarType::Double: out += "Double " + writeFloat(v.asDouble()); return;
+        case VarType::String: out += "String " + quoteString(v.asString()); return;
+        case VarType::Object: {
+            const ObjectRef& o = v.asObject();
+            if (!o) {
+                out += "Nothing";
+                return;
+            }
+            auto font = std::dynamic_pointer_cast<Font>(o);
+            if (!font) {
+                fail(line, "cannot write a " + toUtf8(o->classInfo().name()) +
+                               " object: only fonts and Nothing are saved");
+            }
+            const FontDesc& f = font->desc();
+            const auto flag = [](bool b) { return b ? "True" : "False"; };
+            out += "Font Name=" + quoteString(f.name) + " Size=" + writeFloat(f.size) +
+                   " Bold=" + flag(f.bold) + " Italic=" + flag(f.italic) +
+                   " Underline=" + flag(f.underline) + " Strikethrough=" + flag(f.strikethrough) +
+                   " Weight=" + std::to_string(f.weight) + " Charset=" + std::to_string(f.charset);
+            return;
+        }
+    }
+}
+
+// --- lines ---------------------------------------------------------------------------
+
+struct Line {
+    std::string_view text;
+    int number;
+};
+
+// Splits the input into lines (LF or CR LF), refusing an over-long one before anything
+// else is done with it.
+std::vector<Line> splitLines(std::string_view text) {
+    // A byte-order mark some editors put first carries no meaning.
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    std::vector<Line> lines;
+    std::size_t pos = 0;
+    int number = 0;
+    while (pos < text.size()) {
+        ++number;
+        if (number == std::numeric_limits<int>::max()) fail(number, "too many lines");
+        std::size_t end = text.find('\n', pos);
+        const bool last = end == std::string_view::npos;
+        if (last) end = text.size();
+        std::string_view line = text.substr(pos, end - pos);
+        if (line.ends_with('\r')) line.remove_suffix(1);
+        if (line.size() > kMaxLineBytes) {
+            fail(number, "line is longer than " + std::to_string(kMaxLineBytes) + " bytes");
+        }
+        lines.push_back({line, number});
+        pos = last ? text.size() : end + 1;
+    }
+    return lines;
+}
+
+bool isIgnored(std::string_view line) {
+    std::size_t i = 0;
+    while (i < line.size() && isBlank(line[i])) ++i;
+    return i == line.size() || line[i] == '#';
+}
+
+}  // namespace
+
+FormFileError::FormFileError(int line, const std::string& message)
+    : std::runtime_error("line " + std::to_string(line) + ": " + message), line_(line) {}
+
+FormDocument parseFormFile(std::string_view utf8) {
+    const std::vector<Line> lines = splitLines(utf8);
+    const int lastLine = lines.empty() ? 1 : lines.back().number;
+
+    enum class State { Header, FormBegin, InForm, InControl, Done };
+    State state = State::Header;
+    FormDocument doc;
+    bool captionSeen = false;
+    int formLine = 0;
+    int controlLine = 0;
+
+    for (const Line& line : lines) {
+        if (isIgnored(line.text)) continue;
+        LineReader r(line.text, line.number);
+        r.skipBlanks();
+        switch (state) {
+            case State::Header: {
+                const std::string_view word = r.word();
+                if (word != kHeaderWord) fail(line.number, "expected the header \"CorvexForm 1\"");
+                r.expectSeparator();
+                r.skipBlanks();
+                const std::string_view version = r.token();
+                if (version != kVersion) {
+                    fail(line.number, "unsupported form file version \"" + LineReader::shorten(version) +
+                                          "\" (this reader knows version 1)");
+                }
+                r.expectEnd();
+                state = State::FormBegin;
+                break;
+            }
+            case State::FormBegin: {
+                if (r.word() != "Begin") fail(line.number, "expected \"Begin Form NAME\"");
+                r.expectSeparator();
+                r.skipBlanks();
+                if (r.word() != "Form") fail(line.number, "expected \"Begin Form NAME\"");
+                r.expectSeparator();
+                doc.name = fromUtf8(r.name("form name"));
+                r.expectEnd();
+                formLine = line.number;
+                state = State::InForm;
+                break;
+            }
+            case State::InForm: {
+                const std::string_view word = r.word();
+                // The caption's name may touch its "=", as a property's may.
+                if (word != "Caption") r.expectSeparator();
+                if (word == "End") {
+                    r.expectEnd();
+                    state = State::Done;
+                } else if (word == "Begin") {
+                    SavedControl c;
+                    c.className = fromUtf8(r.name("class name"));
+                    r.expectSeparator();
+                    c.name = fromUtf8(r.name("control name"));
+                    r.expectEnd();
+                    for (const SavedControl& other : doc.controls) {
+                        if (equalsIgnoringCase(other.name, c.name)) {
+                            fail(line.number, "duplicate control name " + toUtf8(c.name));
+                        }
+                    }
+                    doc.controls.push_back(std::move(c));
+                    controlLine = line.number;
+                    state = State::InControl;
+                } else if (word == "Caption") {
+                    if (captionSeen) fail(line.number, "the form's Caption is given twice");
+                    captionSeen = true;
+                    r.expect('=', "after Caption");
+                    doc.caption = r.quoted();
+                    r.expectEnd();
+                } else if (word.empty()) {
+                    fail(line.number, "expected \"Begin CLASS NAME\", \"Caption = ...\" or \"End\"");
+                } else {
+                    fail(line.number, "unknown form entry \"" + LineReader::shorten(word) +
+                                          "\" (a form holds Caption and controls)");
+                }
+                break;
+            }
+            case State::InControl: {
+                SavedControl& c = doc.controls.back();
+                // A property line is NAME = TYPE VALUE (the name may touch the "="); so a
+                // property may even be called End or Begin.
+                LineReader p(line.text, line.number);
+                p.skipBlanks();
+                const std::string_view word = p.word();
+                p.skipBlanks();
+                if (!p.peek('=')) {
+                    if (word == "End" && p.atEnd()) {
+                        state = State::InForm;
+                        break;
+                    }
+                    if (word == "Begin") {
+                        fail(line.number, "controls do not nest: End " + toUtf8(c.name) + " first");
+                    }
+                    fail(line.number, "expected a property line \"NAME = TYPE VALUE\" or \"End\"");
+                }
+                if (!isName(word)) {
+                    fail(line.number, "bad property name \"" + LineReader::shorten(word) +
+                                          "\": use letters, digits and underscores");
+                }
+                p.expect('=', "after property name " + std::string(word));
+                const std::u16string name = fromUtf8(word);
+                for (const auto& e : c.properties) {
+                    if (equalsIgnoringCase(e.first, name)) {
+                        fail(line.number, "duplicate property " + std::string(word) + " in " + toUtf8(c.name));
+                    }
+                }
+                c.properties.emplace_back(name, readValue(p));
+                break;
+            }
+            case State::Done:
+                fail(line.number, "unexpected text after the form's End");
+        }
+    }
+
+    switch (state) {
+        case State::Header: fail(lastLine, "empty form file: expected the header \"CorvexForm 1\"");
+        case State::FormBegin: fail(lastLine, "missing \"Begin Form NAME\"");
+        case State::InForm: fail(formLine, "Begin Form " + toUtf8(doc.name) + " has no End");
+        case State::InControl:
+            fail(controlLine, "Begin " + toUtf8(doc.controls.back().className) + " " +
+                                  toUtf8(doc.controls.back().name) + " has no End");
+        case State::Done: break;
+    }
+    return doc;
+}
+
+std::string writeFormFile(const FormDocument& form) {
+    std::string out;
+    int line = 0;
+    std::size_t lineStart = 0;
+    const auto endLine = [&]() {
+        if (out.size() - lineStart > kMaxLineBytes) {
+            fail(line, "cannot write a line longer than " + std::to_string(kMaxLineBytes) + " bytes");
+        }
+        out += '\n';
+        lineStart = out.size();
+    };
+    const auto begin = [&]() {
+        ++line;
+        lineStart = out.size();
+    };
+    const auto checkName = [&](std::u16string_view name, const char* what) {
+        const std::string n = toUtf8(name);
+        if (!isName(n)) {
+            fail(line, std::string("cannot write ") + what + " \"" + LineReader::shorten(n) +
+                           "\": use letters, digits and underscores");
+        }
+        return n;
+    };
+
+    begin();
+    out += std::string(kHeaderWord) + " " + std::string(kVersion);
+    endLine();
+    begin();
+    out += "Begin Form " + checkName(form.name, "form name");
+    endLine();
+    begin();
+    out += "  Caption = " + quoteString(form.caption);
+    endLine();
+    for (std::size_t i = 0; i < form.controls.size(); ++i) {
+        const SavedControl& c = form.controls[i];
+        begin();
+        for (std::size_t j = 0; j < i; ++j) {
+            if (equalsIgnoringCase(form.controls[j].name, c.name)) {
+                fail(line, "cannot write two controls named " + toUtf8(c.name));
+            }
+        }
+        out += "  Begin " + checkName(c.className, "class name") + " " + checkName(c.name, "control name");
+        endLine();
+        for (std::size_t k = 0; k < c.properties.size(); ++k) {
+            const auto& [name, value] = c.properties[k];
+            begin();
+            for (std::size_t j = 0; j < k; ++j) {
+                if (equalsIgnoringCase(c.properties[j].first, name)) {
+                    fail(line, "cannot write property " + toUtf8(name) + " twice in " + toUtf8(c.name));
+                }
+            }
+            out += "    " + checkName(name, "property name") + " = ";
+            writeValue(out, value, line);
+            endLine();
+        }
+        begin();
+        out += "  End";
+        endLine();
+    }
+    begin();
+    out += "End";
+    endLine();
+    return out;
+}
+
+}  // namespace corvex
