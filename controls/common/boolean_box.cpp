@@ -4,10 +4,6 @@ namespace corvex {
 
 namespace {
 constexpr const char16_t* kInnerName = u"chkBooleanBox";
-
-Boolean rawBoolean(const Variant& v) { return detail::ArgTraits<Boolean>::from(v); }
-std::int32_t toLong(const Variant& v) { return v.toLong(); }
-std::u16string toText(const Variant& v) { return v.toString(); }
 }  // namespace
 
 struct BooleanBox::Private {
@@ -101,17 +97,15 @@ void BooleanBox::initProperties() {
 
 void BooleanBox::readProperties(PropertyBag& bag) {
     const Variant ambientFontValue(Font::make(ambientFont()));
-    d->chk->setBackColor(readSaved(bag, u"BackColor", color::ButtonFace, toLong));
-    d->chk->setCaption(readSaved(bag, u"Caption", kInnerName, toText));
-    d->chk->setEnabled(readSaved(bag, u"Enabled", true, [](const Variant& v) {
-        return static_cast<bool>(v.toBoolean());
-    }));
-    d->chk->setForeColor(readSaved(bag, u"ForeColor", color::ButtonText, toLong));
+    d->chk->setBackColor(readSaved<std::int32_t>(bag, u"BackColor", color::ButtonFace));
+    d->chk->setCaption(readSaved<std::u16string>(bag, u"Caption", kInnerName));
+    d->chk->setEnabled(readSaved<bool>(bag, u"Enabled", true));
+    d->chk->setForeColor(readSaved<std::int32_t>(bag, u"ForeColor", color::ButtonText));
     d->chk->setFont(readSaved(bag, u"Font", ambientFontValue, fontFromVariant));
-    d->alwaysFalseWhenNotEnabled = readSaved(bag, u"AlwaysFalseWhenNotEnabled", false, rawBoolean);
-    d->defaultValue = readSaved(bag, u"DefaultValue", false, rawBoolean);
-    d->keyName = readSaved(bag, u"KeyName", u"", toText);
-    d->sectionName = readSaved(bag, u"SectionName", u"", toText);
+    d->alwaysFalseWhenNotEnabled = readSaved<Boolean>(bag, u"AlwaysFalseWhenNotEnabled", false);
+    d->defaultValue = readSaved<Boolean>(bag, u"DefaultValue", false);
+    d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
+    d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
     // A loaded control has 0 stored, so that Restore before any Store unchecks it;
     // the check state itself always starts from DefaultValue.
     d->storedValue = Variant(std::int16_t{0});

@@ -113,6 +113,18 @@ std::vector<ParamInfo> mouse() {
             {u"Y", VarType::Single, false, true}};
 }
 
+void addTextEvents(EventTable& table) {
+    table.event(u"Change")
+        .event(u"Click")
+        .event(u"DblClick")
+        .event(u"KeyDown", keyCodeShift())
+        .event(u"KeyPress", keyAscii())
+        .event(u"KeyUp", keyCodeShift())
+        .event(u"MouseDown", mouse())
+        .event(u"MouseMove", mouse())
+        .event(u"MouseUp", mouse());
+}
+
 void addDeclaredLifecycle(EventTable& table) {
     table.declared(u"InitProperties")
         .declared(u"ReadProperties", {{u"PropBag", VarType::Object, false, false}})

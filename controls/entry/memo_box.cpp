@@ -7,11 +7,6 @@ namespace corvex {
 namespace {
 constexpr const char16_t* kInnerName = u"txtMemo";
 constexpr int kBoxes = 4;
-
-bool toBool(const Variant& v) { return static_cast<bool>(v.toBoolean()); }
-std::int32_t toLong(const Variant& v) { return v.toLong(); }
-std::int16_t toInteger(const Variant& v) { return v.toInteger(); }
-std::u16string toText(const Variant& v) { return v.toString(); }
 }  // namespace
 
 struct MemoBox::Private {
@@ -137,10 +132,10 @@ void MemoBox::initProperties() {
 }
 
 void MemoBox::readProperties(PropertyBag& bag) {
-    const std::int32_t back = readSaved(bag, u"BackColor", color::WindowBackground, toLong);
-    const bool enabled = readSaved(bag, u"Enabled", true, toBool);
-    const std::int32_t fore = readSaved(bag, u"ForeColor", color::WindowText, toLong);
-    const std::int16_t ime = readSaved(bag, u"IMEMode", std::int16_t{0}, toInteger);
+    const std::int32_t back = readSaved<std::int32_t>(bag, u"BackColor", color::WindowBackground);
+    const bool enabled = readSaved<bool>(bag, u"Enabled", true);
+    const std::int32_t fore = readSaved<std::int32_t>(bag, u"ForeColor", color::WindowText);
+    const std::int16_t ime = readSaved<std::int16_t>(bag, u"IMEMode", std::int16_t{0});
     const FontDesc font =
         readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant);
     forEachBox([&](TextBox& b) {
@@ -152,10 +147,10 @@ void MemoBox::readProperties(PropertyBag& bag) {
     });
     // Written as "ScrollBars" and read as "Scrollbars": the bag matches names without
     // regard to case, so the setting survives a save and load.
-    d->scrollBars = readSaved(bag, u"Scrollbars", std::int32_t{0}, toLong);
-    d->defaultValue = readSaved(bag, u"DefaultValue", u"", toText);
-    d->keyName = readSaved(bag, u"KeyName", u"", toText);
-    d->sectionName = readSaved(bag, u"SectionName", u"", toText);
+    d->scrollBars = readSaved<std::int32_t>(bag, u"Scrollbars", std::int32_t{0});
+    d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
+    d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
+    d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
     d->copying = true;  // each box gets the default itself; nothing to copy
     forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
     d->copying = false;

@@ -7,12 +7,6 @@ namespace corvex {
 namespace {
 constexpr const char16_t* kInnerName = u"txtInput";
 constexpr std::int16_t kDefaultIme = static_cast<std::int16_t>(CorvexIMEMode::IMEDisable);
-
-bool toBool(const Variant& v) { return static_cast<bool>(v.toBoolean()); }
-std::int32_t toLong(const Variant& v) { return v.toLong(); }
-std::int16_t toInteger(const Variant& v) { return v.toInteger(); }
-double toDouble(const Variant& v) { return v.toDouble(); }
-std::u16string toText(const Variant& v) { return v.toString(); }
 }  // namespace
 
 struct NumericInputBox::Private {
@@ -132,15 +126,7 @@ std::vector<MemberInfo> NumericInputBox::members() {
 
 std::vector<EventInfo> NumericInputBox::eventList() {
     EventTable ev;
-    ev.event(u"Change")
-        .event(u"Click")
-        .event(u"DblClick")
-        .event(u"KeyDown", events::keyCodeShift())
-        .event(u"KeyPress", events::keyAscii())
-        .event(u"KeyUp", events::keyCodeShift())
-        .event(u"MouseDown", events::mouse())
-        .event(u"MouseMove", events::mouse())
-        .event(u"MouseUp", events::mouse());
+    events::addTextEvents(ev);
     events::addDeclaredLifecycle(ev);
     return ev.build();
 }
@@ -180,31 +166,31 @@ void NumericInputBox::initProperties() {
 
 void NumericInputBox::readProperties(PropertyBag& bag) {
     TextBox& t = *d->txt;
-    t.setBackColor(readSaved(bag, u"BackColor", color::WindowBackground, toLong));
-    t.setEnabled(readSaved(bag, u"Enabled", true, toBool));
-    t.setForeColor(readSaved(bag, u"ForeColor", color::WindowText, toLong));
-    t.setImeMode(readSaved(bag, u"IMEMode", std::int32_t{kDefaultIme}, toInteger));
+    t.setBackColor(readSaved<std::int32_t>(bag, u"BackColor", color::WindowBackground));
+    t.setEnabled(readSaved<bool>(bag, u"Enabled", true));
+    t.setForeColor(readSaved<std::int32_t>(bag, u"ForeColor", color::WindowText));
+    t.setImeMode(readSaved<std::int16_t>(bag, u"IMEMode", std::int32_t{kDefaultIme}));
     // The font goes through the Font property, as a designer sets it.
     setFont(Font::make(
         readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant)));
-    t.setMaxLength(readSaved(bag, u"MaxLength", std::int16_t{0}, toInteger));
-    d->defaultValue = readSaved(bag, u"DefaultValue", u"", toText);
-    d->keyName = readSaved(bag, u"KeyName", u"", toText);
-    d->limitCheck = readSaved(bag, u"LimitCheck", false, toBool);
-    d->lowerLimit = readSaved(bag, u"LowerLimit", 0.0, toDouble);
-    d->mode = readSaved(bag, u"Mode", std::int16_t{0}, toInteger);
-    d->mustEnter = readSaved(bag, u"MustEnter", false, toBool);
-    d->mustEnterColor = readSaved(bag, u"MustEnterColor", color::Red, toLong);
-    d->sectionName = readSaved(bag, u"SectionName", u"", toText);
-    d->upperLimit = readSaved(bag, u"UpperLimit", 0.0, toDouble);
-    d->validateAtLostFocus = readSaved(bag, u"ValidateAtLostFocus", true, toBool);
+    t.setMaxLength(readSaved<std::int16_t>(bag, u"MaxLength", std::int16_t{0}));
+    d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
+    d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
+    d->limitCheck = readSaved<bool>(bag, u"LimitCheck", false);
+    d->lowerLimit = readSaved<double>(bag, u"LowerLimit", 0.0);
+    d->mode = readSaved<std::int16_t>(bag, u"Mode", std::int16_t{0});
+    d->mustEnter = readSaved<bool>(bag, u"MustEnter", false);
+    d->mustEnterColor = readSaved<std::int32_t>(bag, u"MustEnterColor", color::Red);
+    d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
+    d->upperLimit = readSaved<double>(bag, u"UpperLimit", 0.0);
+    d->validateAtLostFocus = readSaved<bool>(bag, u"ValidateAtLostFocus", true);
 
     // The colour a filled MustEnter box returns to is the one just loaded, and only it.
     d->normalBackColor = t.backColor();
     if (userMode()) updateMustEnterColor();
     t.setText(d->defaultValue);
     refresh();
-    d->errBase = readSaved(bag, u"ErrBase", err::ObjectErrorBase, toLong);
+    d->errBase = readSaved<std::int32_t>(bag, u"ErrBase", err::ObjectErrorBase);
 }
 
 void NumericInputBox::writeProperties(PropertyBag& bag) {

@@ -91,6 +91,12 @@ auto readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def, C
     }
 }
 
+/// Reads a saved property as T, converted as a member of type T converts its argument.
+template <class T>
+T readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def) {
+    return readSaved(bag, name, def, [](const Variant& v) { return detail::ArgTraits<T>::from(v); });
+}
+
 /// The event tables' entries shared by the controls that pass on widget events.
 namespace events {
 /// KeyDown(KeyCode, Shift) / KeyUp(KeyCode, Shift), by reference.
@@ -99,6 +105,9 @@ std::vector<ParamInfo> keyCodeShift();
 std::vector<ParamInfo> keyAscii();
 /// MouseDown/MouseMove/MouseUp(Button, Shift, X, Y).
 std::vector<ParamInfo> mouse();
+/// Adds Change, Click, DblClick, KeyDown, KeyPress, KeyUp, MouseDown, MouseMove and
+/// MouseUp, in that order: the events a text control passes on from its widgets.
+void addTextEvents(EventTable& table);
 /// Adds the three declared, never raised events every event interface ends with.
 void addDeclaredLifecycle(EventTable& table);
 }  // namespace events
