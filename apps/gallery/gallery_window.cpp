@@ -193,9 +193,12 @@ QCheckBox* GalleryWindow::enableSwitch(const QString& name) const {
 }
 
 QString GalleryWindow::valuesFile() const {
+    if (!valuesFile_.isEmpty()) return valuesFile_;
     return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
            QStringLiteral("/gallery-values.frm");
 }
+
+void GalleryWindow::setValuesFile(const QString& path) { valuesFile_ = path; }
 
 bool GalleryWindow::saveValues() {
     FormDocument doc;

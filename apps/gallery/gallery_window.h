@@ -57,8 +57,11 @@ public:
     /// The "Enable it" switch beside the control named name, or null.
     QCheckBox* enableSwitch(const QString& name) const;
 
-    /// The file that Save values and Load values use (under the application's config folder).
+    /// The file that Save values and Load values use (under the application's config folder
+    /// unless another was set).
     QString valuesFile() const;
+    /// Makes Save values and Load values use another file.
+    void setValuesFile(const QString& path);
     /// Writes every control's Value to valuesFile() as a form file; false (and a log line) on
     /// failure.
     bool saveValues();
@@ -83,6 +86,7 @@ signals:
     void logged(const QString& line);
 
 private:
+    QString valuesFile_;
     struct Private;
     std::unique_ptr<Private> d;
 };

@@ -5,6 +5,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFile>
+#include <QTemporaryDir>
 #include <QLabel>
 #include <QStandardPaths>
 #include <QTest>
@@ -23,13 +24,13 @@ namespace {
 class GalleryQt : public ::testing::Test {
 protected:
     GalleryQt() {
-        // The values file goes to Qt's test folder, never to the user's settings.
-        QStandardPaths::setTestModeEnabled(true);
-        QFile::remove(window.valuesFile());
+        // Each test has a values file of its own, never the user's settings: the tests run
+        // in parallel processes.
+        window.setValuesFile(folder.filePath(QStringLiteral("gallery-values.frm")));
         window.show();
         [[maybe_unused]] const bool exposed = QTest::qWaitForWindowExposed(&window);
     }
-    ~GalleryQt() override { QFile::remove(window.valuesFile()); }
+    QTemporaryDir folder;
 
     QtControlHost* control(const char* name) const {
         return window.control(QString::fromLatin1(name));
