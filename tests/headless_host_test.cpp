@@ -77,6 +77,28 @@ TEST_F(HeadlessTextBoxTest, shouldNotLimitTextSetByCode) {
     EXPECT_EQ(box->text(), u"12345") << "but nothing more can be typed";
 }
 
+TEST_F(HeadlessTextBoxTest, shouldCutFromATextLongerThanMaxLength) {
+    box->setText(u"12345");
+    box->setMaxLength(3);
+    box->setSelStart(3);
+    box->setSelLength(2);
+    box->pressKey('X', key::CtrlMask);
+    EXPECT_EQ(box->text(), u"123") << "deleting never needs room";
+    EXPECT_EQ(h.host().text(), u"45");
+}
+
+TEST_F(HeadlessTextBoxTest, shouldNotInsertHalfALineBreak) {
+    TextBoxSpec spec;
+    spec.name = u"txtMemo";
+    spec.multiLine = true;
+    spec.listener = &rec;
+    auto memo = h.site(u"host").createTextBox(spec);
+    auto& m = static_cast<headless::HeadlessTextBox&>(*memo);
+    m.setMaxLength(4);
+    for (char16_t c : std::u16string(u"abc\r")) m.type(c);
+    EXPECT_EQ(m.text(), u"abc");
+}
+
 TEST_F(HeadlessTextBoxTest, shouldCountUtf16CodeUnitsForMaxLength) {
     box->setMaxLength(2);
     box->setSelText(u"\U0001F600x");  // a surrogate pair fills both units
@@ -173,6 +195,29 @@ TEST_F(HeadlessTextBoxTest, shouldReportFocusAndLostFocus) {
     h.form().focus(nullptr);
     EXPECT_EQ(rec.count(WidgetEventType::GotFocus), 1);
     EXPECT_EQ(rec.count(WidgetEventType::LostFocus), 1);
+}
+
+TEST_F(HeadlessTest, shouldNotBounceTheFocusBetweenTwoBoxesThatBothKeepIt) {
+    h.add(BooleanBox::staticClassInfo(), u"host");
+    Recorder a, b;
+    TextBoxSpec spec;
+    spec.name = u"a";
+    spec.listener = &a;
+    auto boxA = h.site(u"host").createTextBox(spec);
+    spec.name = u"b";
+    spec.listener = &b;
+    auto boxB = h.site(u"host").createTextBox(spec);
+    a.onEvent = [&](WidgetEvent& e) {
+        if (e.type == WidgetEventType::LostFocus) boxA->setFocus();
+    };
+    b.onEvent = [&](WidgetEvent& e) {
+        if (e.type == WidgetEventType::LostFocus) boxB->setFocus();
+    };
+    h.form().focus(dynamic_cast<headless::HeadlessWidget*>(boxA.get()));
+    h.form().focus(dynamic_cast<headless::HeadlessWidget*>(boxB.get()));
+    EXPECT_TRUE(boxA->hasFocus());
+    EXPECT_EQ(b.count(WidgetEventType::LostFocus), 0) << "b never had the focus";
+    EXPECT_EQ(a.count(WidgetEventType::LostFocus), 1);
 }
 
 TEST_F(HeadlessTextBoxTest, shouldLetALostFocusHandlerTakeTheFocusBack) {

@@ -182,13 +182,18 @@ void HeadlessForm::focus(HeadlessWidget* widget) {
     if (focused_ == widget) return;
     HeadlessWidget* old = focused_;
     focused_ = widget;
-    if (old) {
+    // Only a widget that was told it has the focus hears that it lost it: a handler that
+    // takes the focus back while another box is on its way in must not make that box
+    // lose a focus it never had (two invalid boxes would otherwise bounce it for ever).
+    if (old && old == told_) {
+        told_ = nullptr;
         WidgetEvent e;
         e.type = WidgetEventType::LostFocus;
         old->emit(e);
     }
     // A LostFocus handler may have taken the focus back; then the new widget never got it.
-    if (widget && focused_ == widget) {
+    if (widget && focused_ == widget && told_ != widget) {
+        told_ = widget;
         WidgetEvent e;
         e.type = WidgetEventType::GotFocus;
         widget->emit(e);
@@ -197,6 +202,7 @@ void HeadlessForm::focus(HeadlessWidget* widget) {
 
 void HeadlessForm::widgetGone(HeadlessWidget* w) {
     if (focused_ == w) focused_ = nullptr;
+    if (told_ == w) told_ = nullptr;
 }
 
 std::vector<ObjectRef> HeadlessForm::controls() const {

@@ -184,11 +184,18 @@ std::u16string HeadlessTextBox::selText() const {
 }
 
 void HeadlessTextBox::replaceSelection(std::u16string insert, bool limited) {
-    if (limited && maxLength_ > 0) {
-        // What would not fit is cut off; a single typed character is refused whole.
+    if (limited && maxLength_ > 0 && !insert.empty()) {
+        // What would not fit is cut off; a single typed character is refused whole, and so
+        // is a line break that would lose its line feed.
         const auto room = static_cast<std::int64_t>(maxLength_) -
                           (static_cast<std::int64_t>(text_.size()) - selLength_);
         if (room <= 0) return;
+        if (static_cast<std::int64_t>(insert.size()) > room && room >= 1 &&
+            insert[static_cast<std::size_t>(room - 1)] == u'\r' &&
+            insert[static_cast<std::size_t>(room)] == u'\n') {
+            insert.resize(static_cast<std::size_t>(room - 1));
+            if (insert.empty()) return;
+        }
         if (static_cast<std::int64_t>(insert.size()) > room) {
             insert.resize(static_cast<std::size_t>(room));
             // Never leave half of a surrogate pair behind.

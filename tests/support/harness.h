@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <ostream>
 #include <memory>
 #include <span>
 #include <string>
@@ -75,6 +76,9 @@ struct HarnessMaker {
     std::string name;                               ///< the host's name, for test names
     std::function<std::unique_ptr<Harness>()> make; ///< makes a fresh harness
 };
+
+/// Prints a host by its name in test output.
+inline void PrintTo(const HarnessMaker& maker, std::ostream* os) { *os << maker.name; }
 
 /// The hosts this test program runs every host-independent suite on.
 std::vector<HarnessMaker> availableHarnesses();

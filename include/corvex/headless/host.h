@@ -223,6 +223,7 @@ private:
     Host& host_;
     std::vector<std::unique_ptr<Site>> sites_;
     HeadlessWidget* focused_ = nullptr;
+    HeadlessWidget* told_ = nullptr;  // the widget that last heard GotFocus
     float left_ = 0;
     float top_ = 0;
     float width_ = 9600;
