@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QFileInfo>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPixmap>
 #include <QStyle>
@@ -35,8 +38,28 @@ void clickCheckBox(QCheckBox* box) {
     QApplication::sendEvent(box, &release);
 }
 
+// Types text on a widget as the keyboard does: a key press and release per character,
+// Enter for "\r", through Qt's event delivery (and so through the host's key handling).
+void typeInto(QWidget* widget, const QString& text) {
+    for (const QChar c : text) {
+        int key = c.toUpper().unicode();
+        Qt::KeyboardModifiers modifiers = c.isUpper() ? Qt::ShiftModifier : Qt::NoModifier;
+        if (c == QLatin1Char('\r')) key = Qt::Key_Return;
+        QKeyEvent press(QEvent::KeyPress, key, modifiers, QString(c));
+        QApplication::sendEvent(widget, &press);
+        QKeyEvent release(QEvent::KeyRelease, key, modifiers, QString(c));
+        QApplication::sendEvent(widget, &release);
+    }
+}
+
 QString valueOf(qt::QtControlHost* control) {
     return qt::toQString(getProperty(*control->object(), u"Value").toString());
+}
+
+// A value as one printable line: line breaks as \r\n.
+QString shown(QString value) {
+    return value.replace(QStringLiteral("\r"), QStringLiteral("\\r"))
+        .replace(QStringLiteral("\n"), QStringLiteral("\\n"));
 }
 
 }  // namespace
@@ -48,27 +71,53 @@ int runDemo(GalleryWindow& window, const QString& screenshotPath) {
     const auto expect = [&](qt::QtControlHost* control, const QString& wanted,
                             const QString& step) {
         const QString got = valueOf(control);
-        say(QStringLiteral("%1: %2.Value = %3").arg(step, control->objectName(), got));
+        say(QStringLiteral("%1: %2.Value = %3").arg(step, control->objectName(), shown(got)));
         if (got != wanted) {
             ++failures;
-            say(QStringLiteral("  FAILED: expected %1").arg(wanted));
+            say(QStringLiteral("  FAILED: expected %1").arg(shown(wanted)));
         }
     };
+    const auto check = [&](bool ok, const QString& step) {
+        say(step);
+        if (!ok) {
+            ++failures;
+            say(QStringLiteral("  FAILED"));
+        }
+    };
+    int messages = 0;
     const QMetaObject::Connection logging =
-        QObject::connect(&window, &GalleryWindow::logged,
-                         [&](const QString& line) { say(QStringLiteral("  event log: ") + line); });
+        QObject::connect(&window, &GalleryWindow::logged, [&](const QString& line) {
+            if (line.startsWith(QStringLiteral("Message box:"))) ++messages;
+            say(QStringLiteral("  event log: ") + line);
+        });
 
     window.show();
+    // Active, so that the focus moves between the boxes as a user moves it.
+    QApplication::setActiveWindow(&window);
+    window.activateWindow();
     QApplication::processEvents();
 
     qt::QtControlHost* newsletter = window.control(QStringLiteral("newsletter"));
     qt::QtControlHost* onlyWhenEnabled = window.control(QStringLiteral("onlyWhenEnabled"));
+    qt::QtControlHost* amount = window.control(QStringLiteral("amount"));
+    qt::QtControlHost* quantity = window.control(QStringLiteral("quantity"));
+    qt::QtControlHost* notes = window.control(QStringLiteral("notes"));
     auto* box =
         newsletter
             ? qobject_cast<QCheckBox*>(newsletter->innerWidget(QStringLiteral("chkBooleanBox")))
             : nullptr;
-    if (!newsletter || !onlyWhenEnabled || !box) {
-        say(QStringLiteral("FAILED: the gallery lacks its check boxes"));
+    QWidget* amountEdit = amount ? amount->innerWidget(QStringLiteral("txtInput")) : nullptr;
+    QWidget* quantityEdit = quantity ? quantity->innerWidget(QStringLiteral("txtInput")) : nullptr;
+    QWidget* notesEdit = notes ? notes->innerWidget(QStringLiteral("txtMemo(0)")) : nullptr;
+    auto* limitCheck =
+        qobject_cast<QCheckBox*>(window.settingsSwitch(QStringLiteral("limitCheck")));
+    auto* upperLimit =
+        qobject_cast<QDoubleSpinBox*>(window.settingsSwitch(QStringLiteral("upperLimit")));
+    auto* scrollBars =
+        qobject_cast<QComboBox*>(window.settingsSwitch(QStringLiteral("notesScrollBars")));
+    if (!newsletter || !onlyWhenEnabled || !box || !amountEdit || !quantityEdit || !notesEdit ||
+        !limitCheck || !upperLimit || !scrollBars) {
+        say(QStringLiteral("FAILED: the gallery lacks some of its controls"));
         return 1;
     }
 
@@ -76,20 +125,62 @@ int runDemo(GalleryWindow& window, const QString& screenshotPath) {
     expect(newsletter, QStringLiteral("True"),
            QStringLiteral("Clicked the newsletter box with the mouse"));
 
+    amountEdit->setFocus(Qt::MouseFocusReason);
+    typeInto(amountEdit, QStringLiteral("1234.5"));
+    expect(amount, QStringLiteral("1234.5"), QStringLiteral("Typed 1234.5 into the amount"));
+    typeInto(amountEdit, QStringLiteral("x"));
+    expect(amount, QStringLiteral("1234.5"), QStringLiteral("Typed x: the key filter refused it"));
+
+    quantityEdit->setFocus(Qt::MouseFocusReason);
+    typeInto(quantityEdit, QStringLiteral("-42"));
+    expect(quantity, QStringLiteral("-42"), QStringLiteral("Typed -42 into the quantity"));
+
+    notesEdit->setFocus(Qt::MouseFocusReason);
+    typeInto(notesEdit, QStringLiteral("Two lines\rof notes"));
+    expect(notes, QStringLiteral("Two lines\r\nof notes"),
+           QStringLiteral("Typed two lines into the notes"));
+    scrollBars->setCurrentIndex(2);
+    check(getProperty(*notes->object(), u"ScrollBars").toInteger() == 2 &&
+              notes->innerWidget(QStringLiteral("txtMemo(2)"))->isVisible(),
+          QStringLiteral("Switched the notes to a vertical scroll bar: txtMemo(2) shows"));
+
+    // Leaving a box whose value is out of range shows one message and keeps the focus.
+    limitCheck->setChecked(true);
+    upperLimit->setValue(1000);
+    amountEdit->setFocus(Qt::MouseFocusReason);
+    quantityEdit->setFocus(Qt::MouseFocusReason);
+    check(messages == 1 && amountEdit->hasFocus(),
+          QStringLiteral("LimitCheck 0 to 1000, tried to leave 1234.5: one message, the focus "
+                         "stays (%1 message(s))")
+              .arg(messages));
+    upperLimit->setValue(10000);
+    quantityEdit->setFocus(Qt::MouseFocusReason);
+    check(messages == 1 && quantityEdit->hasFocus(),
+          QStringLiteral("UpperLimit 10000: the focus moves on"));
+
     if (!window.saveValues()) ++failures;
     say(QStringLiteral("Saved the values to ") + window.valuesFile());
 
     letProperty(*newsletter->object(), u"Value", Variant(false));
+    letProperty(*amount->object(), u"Value", Variant(u"0"));
+    letProperty(*notes->object(), u"Value", Variant(u""));
     expect(newsletter, QStringLiteral("False"), QStringLiteral("Unchecked it by code"));
+    expect(amount, QStringLiteral("0"), QStringLiteral("Set the amount by code"));
 
     if (!window.loadValues()) ++failures;
     expect(newsletter, QStringLiteral("True"), QStringLiteral("Loaded the values back"));
+    expect(amount, QStringLiteral("1234.5"), QStringLiteral("Loaded the values back"));
+    expect(notes, QStringLiteral("Two lines\r\nof notes"),
+           QStringLiteral("Loaded the values back"));
 
     window.storeAll();
     invoke(*newsletter->object(), u"Cls", CallKind::Method);
+    invoke(*quantity->object(), u"Cls", CallKind::Method);
     expect(newsletter, QStringLiteral("False"), QStringLiteral("Stored, then cleared with Cls"));
+    expect(quantity, QStringLiteral(""), QStringLiteral("Stored, then cleared with Cls"));
     window.restoreAll();
     expect(newsletter, QStringLiteral("True"), QStringLiteral("Restored"));
+    expect(quantity, QStringLiteral("-42"), QStringLiteral("Restored"));
 
     letProperty(*onlyWhenEnabled->object(), u"Value", Variant(true));
     expect(onlyWhenEnabled, QStringLiteral("True"), QStringLiteral("Checked the second box"));

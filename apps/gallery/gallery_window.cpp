@@ -3,19 +3,24 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QFile>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSaveFile>
+#include <QSpinBox>
 #include <QStandardPaths>
 #include <QVBoxLayout>
 #include <map>
 
 #include "corvex/common/boolean_box.h"
+#include "corvex/entry/memo_box.h"
+#include "corvex/entry/num_input_box.h"
 #include "corvex/library/form_file.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
@@ -40,6 +45,27 @@ const std::vector<GalleryEntry>& galleryEntries() {
          {{u"Caption", u"Counts only while enabled (AlwaysFalseWhenNotEnabled)"},
           {u"AlwaysFalseWhenNotEnabled", true}},
          true},
+        {&NumInputBox::staticClassInfo,
+         u"amount",
+         u"Text and number entry",
+         {},
+         false,
+         u"Amount (NumInputBox)",
+         GallerySettings::Number},
+        {&NumInputBoxR::staticClassInfo,
+         u"quantity",
+         u"Text and number entry",
+         {{u"MustEnter", true}},
+         false,
+         u"Quantity (NumInputBoxR,\nMustEnter)",
+         GallerySettings::Number},
+        {&MemoBox::staticClassInfo,
+         u"notes",
+         u"Text and number entry",
+         {},
+         false,
+         u"Notes (MemoBox)",
+         GallerySettings::ScrollBars},
     };
     return entries;
 }
@@ -61,6 +87,7 @@ struct GalleryWindow::Private {
     qt::QtHost& host;
     std::unique_ptr<qt::QtForm> form;
     std::map<QString, QCheckBox*> switches;
+    std::vector<QtControlHost*> numberBoxes;
     QComboBox* locale = nullptr;
     QLabel* localeId = nullptr;
     QLabel* values = nullptr;
@@ -93,16 +120,24 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
     connect(d->locale, &QComboBox::currentIndexChanged, this,
             [this](int index) { setJapanese(index == 1); });
 
-    // One group box per group title, in the order the table first names them.
-    std::map<std::u16string, QVBoxLayout*> groups;
-    for (const GalleryEntry& entry : galleryEntries()) {
-        QVBoxLayout*& groupLayout = groups[entry.group];
-        if (!groupLayout) {
+    // One group box per group title, in the order the table first names them; in each, a
+    // row per control: its label, the control, the switches beside it.
+    struct Group {
+        QGridLayout* grid = nullptr;
+        int rows = 0;
+    };
+    std::map<std::u16string, Group> groups;
+    const auto& entries = galleryEntries();
+    for (std::size_t i = 0; i < entries.size(); ++i) {
+        const GalleryEntry& entry = entries[i];
+        Group& group = groups[entry.group];
+        if (!group.grid) {
             auto* box = new QGroupBox(toQString(entry.group), this);
-            groupLayout = new QVBoxLayout(box);
+            group.grid = new QGridLayout(box);
+            group.grid->setColumnStretch(1, 1);
             layout->addWidget(box);
         }
-        QWidget* groupBox = groupLayout->parentWidget();
+        QWidget* groupBox = group.grid->parentWidget();
         const QString name = toQString(entry.name);
         QtControlHost* control = d->form->addControl(entry.classInfo(), name, groupBox);
         control->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
@@ -113,24 +148,44 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
             control->load(bag);
         }
 
-        auto* row = new QHBoxLayout;
-        row->addWidget(control, 1);
+        const int row = group.rows++;
+        if (entry.label) {
+            auto* label = new QLabel(toQString(entry.label), groupBox);
+            label->setBuddy(control);
+            group.grid->addWidget(label, row, 0, Qt::AlignLeft | Qt::AlignTop);
+            group.grid->addWidget(control, row, 1);
+        } else {
+            group.grid->addWidget(control, row, 0, 1, 2);
+        }
         if (entry.enableSwitch) {
             auto* enable = new QCheckBox(QStringLiteral("Enable it"), groupBox);
             enable->setObjectName(name + QStringLiteral("Enable"));
             enable->setChecked(true);
             connect(enable, &QCheckBox::toggled, this, [this, control](bool on) {
-                try {
-                    letProperty(*control->object(), u"Enabled", Variant(on));
-                } catch (const Error& e) {
-                    log(whatOf(e));
-                }
-                d->values->setText(valuesText());
+                letControlProperty(control, u"Enabled", Variant(on));
             });
-            row->addWidget(enable);
+            group.grid->addWidget(enable, row, 2);
             d->switches[name] = enable;
         }
-        groupLayout->addLayout(row);
+        if (entry.settings == GallerySettings::ScrollBars) {
+            auto* bars = new QComboBox(groupBox);
+            bars->setObjectName(name + QStringLiteral("ScrollBars"));
+            bars->addItems({QStringLiteral("No scroll bars"), QStringLiteral("Horizontal"),
+                            QStringLiteral("Vertical"), QStringLiteral("Both")});
+            bars->setCurrentIndex(getProperty(*control->object(), u"ScrollBars").toInteger());
+            connect(bars, &QComboBox::currentIndexChanged, this, [this, control](int index) {
+                letControlProperty(control, u"ScrollBars", Variant(std::int32_t{index}));
+            });
+            group.grid->addWidget(bars, row, 2, Qt::AlignTop);
+        }
+        if (entry.settings == GallerySettings::Number) {
+            d->numberBoxes.push_back(control);
+            // The switches go under the last numeric box of a run of them.
+            const bool last = i + 1 == entries.size() ||
+                              entries[i + 1].settings != GallerySettings::Number ||
+                              std::u16string_view(entries[i + 1].group) != entry.group;
+            if (last) group.grid->addWidget(numberSettings(groupBox), group.rows++, 1, 1, 2);
+        }
 
         connect(control, &QtControlHost::eventRaised, this,
                 [this, name](const QString& event, qt::EventArgs& args) {
@@ -146,6 +201,7 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
     d->values = new QLabel(this);
     d->values->setObjectName(QStringLiteral("values"));
     d->values->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    d->values->setWordWrap(true);
     layout->addWidget(d->values);
 
     auto* buttons = new QHBoxLayout;
@@ -165,12 +221,12 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
     layout->addWidget(new QLabel(QStringLiteral("Events:"), this));
     d->events = new QListWidget(this);
     d->events->setObjectName(QStringLiteral("events"));
-    d->events->setMinimumHeight(140);
+    d->events->setMinimumHeight(120);
     layout->addWidget(d->events, 1);
 
     setJapanese(host.localeId() == LocaleJapanese);
     d->values->setText(valuesText());
-    resize(560, 420);
+    resize(720, 760);
 }
 
 GalleryWindow::~GalleryWindow() {
@@ -181,6 +237,97 @@ GalleryWindow::~GalleryWindow() {
 
 qt::QtForm& GalleryWindow::form() const {
     return *d->form;
+}
+
+QWidget* GalleryWindow::numberSettings(QWidget* parent) {
+    auto* panel = new QWidget(parent);
+    panel->setObjectName(QStringLiteral("numberSettings"));
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    QtControlHost* first = d->numberBoxes.front();
+    const auto read = [first](std::u16string_view property) {
+        return getProperty(*first->object(), property);
+    };
+    // Every numeric box of the run takes the same settings.
+    const auto letAll = [this](std::u16string_view property, const Variant& value) {
+        for (QtControlHost* box : d->numberBoxes) letControlProperty(box, property, value);
+    };
+    const auto label = [panel](const QString& text) {
+        auto* l = new QLabel(text, panel);
+        l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        return l;
+    };
+
+    auto* mode = new QComboBox(panel);
+    mode->setObjectName(QStringLiteral("mode"));
+    mode->addItems({QStringLiteral("0 signed decimal"), QStringLiteral("1 decimal"),
+                    QStringLiteral("2 signed integer"), QStringLiteral("3 integer"),
+                    QStringLiteral("4 free text")});
+    mode->setCurrentIndex(read(u"Mode").toInteger());
+    connect(mode, &QComboBox::currentIndexChanged, this,
+            [letAll](int index) { letAll(u"Mode", Variant(std::int32_t{index})); });
+
+    auto* maxLength = new QSpinBox(panel);
+    maxLength->setObjectName(QStringLiteral("maxLength"));
+    maxLength->setRange(0, 99);
+    maxLength->setSpecialValueText(QStringLiteral("none"));
+    maxLength->setValue(read(u"MaxLength").toInteger());
+    connect(maxLength, &QSpinBox::valueChanged, this,
+            [letAll](int n) { letAll(u"MaxLength", Variant(static_cast<std::int16_t>(n))); });
+
+    auto* limitCheck = new QCheckBox(QStringLiteral("LimitCheck"), panel);
+    limitCheck->setObjectName(QStringLiteral("limitCheck"));
+    limitCheck->setChecked(read(u"LimitCheck").toBoolean().raw != 0);
+    connect(limitCheck, &QCheckBox::toggled, this,
+            [letAll](bool on) { letAll(u"LimitCheck", Variant(on)); });
+    const auto limitBox = [&](const QString& objectName, std::u16string_view property) {
+        auto* spin = new QDoubleSpinBox(panel);
+        spin->setObjectName(objectName);
+        spin->setRange(-999999.99, 999999.99);
+        spin->setDecimals(2);
+        spin->setValue(read(property).toDouble());
+        return spin;
+    };
+    auto* lower = limitBox(QStringLiteral("lowerLimit"), u"LowerLimit");
+    auto* upper = limitBox(QStringLiteral("upperLimit"), u"UpperLimit");
+    // The boxes refuse a lower limit above the upper one: each spin box stops at the
+    // other's value.
+    lower->setMaximum(upper->value());
+    upper->setMinimum(lower->value());
+    connect(lower, &QDoubleSpinBox::valueChanged, this, [letAll, upper](double v) {
+        upper->setMinimum(v);
+        letAll(u"LowerLimit", Variant(v));
+    });
+    connect(upper, &QDoubleSpinBox::valueChanged, this, [letAll, lower](double v) {
+        lower->setMaximum(v);
+        letAll(u"UpperLimit", Variant(v));
+    });
+
+    grid->addWidget(label(QStringLiteral("Mode")), 0, 0);
+    grid->addWidget(mode, 0, 1);
+    grid->addWidget(label(QStringLiteral("MaxLength")), 0, 2);
+    grid->addWidget(maxLength, 0, 3);
+    grid->addWidget(limitCheck, 1, 0);
+    grid->addWidget(lower, 1, 1);
+    grid->addWidget(label(QStringLiteral("to")), 1, 2);
+    grid->addWidget(upper, 1, 3);
+    grid->setColumnStretch(4, 1);
+    return panel;
+}
+
+void GalleryWindow::letControlProperty(QtControlHost* control, std::u16string_view name,
+                                       const Variant& value) {
+    try {
+        letProperty(*control->object(), name, value);
+    } catch (const Error& e) {
+        log(control->objectName() + QLatin1Char('.') + toQString(name) + QStringLiteral(": ") +
+            whatOf(e));
+    }
+    d->values->setText(valuesText());
+}
+
+QWidget* GalleryWindow::settingsSwitch(const QString& objectName) const {
+    return findChild<QWidget*>(objectName);
 }
 
 QtControlHost* GalleryWindow::control(const QString& name) const {
@@ -198,7 +345,9 @@ QString GalleryWindow::valuesFile() const {
            QStringLiteral("/gallery-values.frm");
 }
 
-void GalleryWindow::setValuesFile(const QString& path) { valuesFile_ = path; }
+void GalleryWindow::setValuesFile(const QString& path) {
+    valuesFile_ = path;
+}
 
 bool GalleryWindow::saveValues() {
     FormDocument doc;
@@ -312,6 +461,8 @@ QString GalleryWindow::valuesText() const {
         QString text;
         try {
             text = toQString(getProperty(*h->object(), u"Value").toString());
+            // One line for all: a line break shows as a symbol.
+            text.replace(QStringLiteral("\r\n"), QStringLiteral(" \u21B5 "));
         } catch (const Error& e) {
             text = whatOf(e);
         }

@@ -24,6 +24,17 @@ class QtHost;
 
 namespace corvex::gallery {
 
+/// The switches a person can use beside a control to change its settings.
+enum class GallerySettings {
+    None,
+    /// Shared by every numeric box of the group, in a row under the last of them: Mode
+    /// (combo box "mode"), MaxLength ("maxLength"), LimitCheck ("limitCheck"), LowerLimit
+    /// ("lowerLimit") and UpperLimit ("upperLimit").
+    Number,
+    /// A combo box of the four scroll-bar styles ("<name>ScrollBars").
+    ScrollBars,
+};
+
 /// One control shown in the gallery.
 struct GalleryEntry {
     /// The control's class table.
@@ -36,6 +47,10 @@ struct GalleryEntry {
     std::vector<MemoryBag::Entry> design = {};
     /// Whether a plain Qt check box "Enable it" beside it switches its Enabled.
     bool enableSwitch = false;
+    /// The label in front of it (none: the control has a caption of its own).
+    const char16_t* label = nullptr;
+    /// The switches beside it.
+    GallerySettings settings = GallerySettings::None;
 };
 
 /// The controls of the gallery, in order: adding a control is adding a line here.
@@ -56,6 +71,8 @@ public:
     qt::QtControlHost* control(const QString& name) const;
     /// The "Enable it" switch beside the control named name, or null.
     QCheckBox* enableSwitch(const QString& name) const;
+    /// The settings switch with the given object name (see GallerySettings), or null.
+    QWidget* settingsSwitch(const QString& objectName) const;
 
     /// The file that Save values and Load values use (under the application's config folder
     /// unless another was set).
@@ -86,6 +103,9 @@ signals:
     void logged(const QString& line);
 
 private:
+    QWidget* numberSettings(QWidget* parent);
+    void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
+                            const Variant& value);
     QString valuesFile_;
     struct Private;
     std::unique_ptr<Private> d;

@@ -179,6 +179,7 @@ struct QtControlHost::Private {
     Control* control = nullptr;
     bool shown = false;
     int layoutDepth = 0;
+    std::vector<QtWidget*> widgets;
 
     Private(QtControlHost& owner, QtHost& h, const ClassInfo& c, Form* f)
         : q(owner), host(h), cls(c), form(f), surface(owner), sink(owner) {}
@@ -252,6 +253,25 @@ QtHost& QtControlHost::host() const {
 QWidget* QtControlHost::innerWidget(const QString& name) const {
     if (name.isEmpty()) return nullptr;
     return findChild<QWidget*>(name, Qt::FindDirectChildrenOnly);
+}
+
+std::vector<QtWidget*> QtControlHost::innerWidgets() const {
+    return d->widgets;
+}
+
+QtWidget* QtControlHost::findInnerWidget(std::u16string_view name, std::int16_t index) const {
+    for (QtWidget* w : d->widgets) {
+        if (w->index() == index && w->name() == name) return w;
+    }
+    return nullptr;
+}
+
+void QtControlHost::widgetMade(QtWidget* widget) {
+    d->widgets.push_back(widget);
+}
+
+void QtControlHost::widgetGone(QtWidget* widget) {
+    std::erase(d->widgets, widget);
 }
 
 void QtControlHost::setScaleMode(ScaleMode mode) {

@@ -361,4 +361,23 @@ std::int16_t mouseButtons(Qt::MouseButtons buttons) {
     return bits;
 }
 
+InputMethodSetting inputMethodSetting(std::int16_t imeMode) {
+    InputMethodSetting s;
+    switch (imeMode) {
+        case 2:  // IMEOFF: off to start with, but the user may still switch it on
+        case 7:  // IMEAlphaFull: full-width letters still need the input method
+            s.hints = Qt::ImhPreferLatin;
+            break;
+        case 3:  // IMEDisable: no input method at all
+            s.enabled = false;
+            break;
+        case 8:  // IMEAlpha: plain half-width letters and digits
+            s.hints = Qt::ImhLatinOnly;
+            break;
+        default:  // IMENone, IMEON and the kana modes: Qt has nothing to say for them
+            break;
+    }
+    return s;
+}
+
 }  // namespace corvex::qt

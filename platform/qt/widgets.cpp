@@ -1,15 +1,27 @@
 #include "corvex/qt/widgets.h"
 
 #include <QAbstractButton>
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QCheckBox>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QFocusEvent>
+#include <QInputMethod>
 #include <QInputMethodEvent>
+#include <QInputMethodQueryEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
+#include <QPlainTextEdit>
 #include <QPointer>
+#include <QScrollBar>
+#include <QTextBlock>
+#include <QTextCursor>
+#include <QTextDocument>
+#include <QTextOption>
 #include <QValidator>
 #include <algorithm>
 #include <cmath>
@@ -23,14 +35,17 @@
 
 namespace corvex::qt {
 
-// Hands the Qt widget's events to the QtWidget that owns it before Qt handles them.
+// Hands the Qt widget's events (and its viewport's, for a scroll area) to the QtWidget
+// that owns it before Qt handles them.
 class EventBridge : public QObject {
 public:
     explicit EventBridge(QtWidget& owner) : owner_(owner) {}
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
-        if (watched == owner_.qtWidget()) return owner_.filter(event);
+        if (watched == owner_.qtWidget() || watched == owner_.mouseWidget()) {
+            return owner_.filter(watched, event);
+        }
         return QObject::eventFilter(watched, event);
     }
 
@@ -38,25 +53,53 @@ private:
     QtWidget& owner_;
 };
 
-// Applies MaxLength to what Qt inserts on its own (a drop, the context menu's Paste):
+// Applies MaxLength to what a QLineEdit inserts on its own (a drop, the middle button):
 // the text may not grow past the limit. Text set by code is never validated, so it is
 // never cut.
 class LengthLimit : public QValidator {
 public:
-    LengthLimit(QtTextBox& box, QObject* parent) : QValidator(parent), box_(box) {}
+    LengthLimit(QtTextBox& box, QObject* parent) : QValidator(parent), box_(&box) {}
+    void detach() { box_ = nullptr; }
 
     State validate(QString& input, int&) const override {
-        const std::int32_t max = box_.maxLength_;
+        if (!box_) return Acceptable;
+        const std::int32_t max = box_->maxLength_;
         if (max <= 0 || input.size() <= max) return Acceptable;
         // A text already longer than the limit (set by code) may still shrink.
-        return input.size() <= box_.lineEdit()->text().size() ? Acceptable : Invalid;
+        return input.size() <= box_->lineEdit()->text().size() ? Acceptable : Invalid;
     }
 
 private:
-    QtTextBox& box_;
+    QtTextBox* box_;
+};
+
+// The multi-line box's Qt widget. What Qt inserts on its own (a paste from the context
+// menu or a key sequence Qt knows, a drop, the middle button) goes through the box, so
+// that MaxLength applies and a box without native clipboard keys takes nothing in.
+class MemoEdit : public QPlainTextEdit {
+public:
+    MemoEdit(QtTextBox& box, QWidget* parent) : QPlainTextEdit(parent), box_(&box) {}
+    void detach() { box_ = nullptr; }
+
+protected:
+    bool canInsertFromMimeData(const QMimeData* source) const override {
+        return box_ && box_->nativeClipboard_ && source->hasText();
+    }
+    void insertFromMimeData(const QMimeData* source) override {
+        if (!box_ || !box_->nativeClipboard_ || box_->locked() || !source->hasText()) return;
+        box_->replaceSelection(fromQString(source->text()), true, false);
+    }
+
+private:
+    QtTextBox* box_;
 };
 
 namespace {
+
+// The widget whose LostFocus handlers run right now. While they run, the widget Qt is
+// moving the focus to is not told it has it: a handler may take the focus back, and a
+// message box it shows makes the window give the focus away and back meanwhile.
+const QtWidget* g_leaving = nullptr;
 
 // Unchecked and checked swap on a user click; grayed (and any other state) turns checked.
 class CheckButton : public QCheckBox {
@@ -89,6 +132,50 @@ QString objectNameFor(const WidgetSpec& design) {
     return name;
 }
 
+// The character a key types even where the platform leaves its text empty.
+QString textOfKey(const QKeyEvent* event) {
+    if (!event->text().isEmpty()) return event->text();
+    switch (event->key()) {
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return QStringLiteral("\r");
+        case Qt::Key_Backspace:
+            return QStringLiteral("\b");
+        case Qt::Key_Escape:
+            return QStringLiteral("\x1b");
+        default:
+            return QString();
+    }
+}
+
+enum class ClipboardKey { None, Cut, Copy, Paste };
+
+// The clipboard keys: Qt's own sequences for the platform, and the ones every desktop
+// knows whatever the platform's bindings say.
+ClipboardKey clipboardKeyOf(const QKeyEvent* event) {
+    const Qt::KeyboardModifiers mods =
+        event->modifiers() &
+        (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const int k = event->key();
+    if (event->matches(QKeySequence::Paste) || (k == Qt::Key_V && mods == Qt::ControlModifier) ||
+        (k == Qt::Key_Insert && mods == Qt::ShiftModifier)) {
+        return ClipboardKey::Paste;
+    }
+    if (event->matches(QKeySequence::Cut) || (k == Qt::Key_X && mods == Qt::ControlModifier) ||
+        (k == Qt::Key_Delete && mods == Qt::ShiftModifier)) {
+        return ClipboardKey::Cut;
+    }
+    if (event->matches(QKeySequence::Copy) || (k == Qt::Key_C && mods == Qt::ControlModifier) ||
+        (k == Qt::Key_Insert && mods == Qt::ControlModifier)) {
+        return ClipboardKey::Copy;
+    }
+    return ClipboardKey::None;
+}
+
+bool isHighSurrogate(char16_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+
 }  // namespace
 
 // --- every widget ---------------------------------------------------------------------
@@ -96,6 +183,7 @@ QString objectNameFor(const WidgetSpec& design) {
 struct QtWidget::Private {
     QtControlHost& host;
     QPointer<QWidget> widget;
+    QPointer<QWidget> mouseWidget;
     std::u16string name;
     std::int16_t index = -1;
     WidgetListener* listener = nullptr;
@@ -103,8 +191,14 @@ struct QtWidget::Private {
     std::int32_t foreColor = 0;
     std::optional<FontDesc> font;
     std::unique_ptr<EventBridge> bridge;
+    // False once the widget is gone: a handler may unload the control while Qt delivers
+    // one of its events, and the filter must not touch it afterwards.
+    std::shared_ptr<bool> alive = std::make_shared<bool>(true);
     bool afterDoubleClick = false;
-    bool lostToOtherWindow = false;
+    // The control was told GotFocus and not yet LostFocus.
+    bool focusReported = false;
+    // The focus went to another window; it comes back without events.
+    bool awayInOtherWindow = false;
 
     Private(QtControlHost& h, QWidget* w) : host(h), widget(w) {}
 
@@ -135,15 +229,25 @@ QtWidget::QtWidget(QtControlHost& host, QWidget* widget, const WidgetSpec& desig
     d->backColor = backColor;
     d->foreColor = foreColor;
     widget->setObjectName(objectNameFor(design));
+    // A scroll area's text lies on its viewport, which receives the mouse.
+    auto* area = qobject_cast<QAbstractScrollArea*>(widget);
+    d->mouseWidget = area ? area->viewport() : widget;
     // MouseMove comes whenever the pointer moves over the widget, not only while dragging.
     widget->setMouseTracking(true);
+    d->mouseWidget->setMouseTracking(true);
     d->bridge = std::make_unique<EventBridge>(*this);
     widget->installEventFilter(d->bridge.get());
+    if (d->mouseWidget != widget) d->mouseWidget->installEventFilter(d->bridge.get());
     move(design.left, design.top, design.width, design.height);
     widget->setVisible(design.visible);
+    host.widgetMade(this);
 }
 
 QtWidget::~QtWidget() {
+    *d->alive = false;
+    d->host.widgetGone(this);
+    if (g_leaving == this) g_leaving = nullptr;
+    if (QWidget* m = d->mouseWidget) m->removeEventFilter(d->bridge.get());
     if (QWidget* w = d->widget) {
         w->removeEventFilter(d->bridge.get());
         w->disconnect();
@@ -156,6 +260,10 @@ QtWidget::~QtWidget() {
 
 QWidget* QtWidget::qtWidget() const {
     return d->widget;
+}
+
+QWidget* QtWidget::mouseWidget() const {
+    return d->mouseWidget;
 }
 
 QtControlHost& QtWidget::surfaceHost() const {
@@ -253,6 +361,10 @@ void QtWidget::refresh() {
     if (d->widget) d->widget->update();
 }
 
+std::shared_ptr<const bool> QtWidget::aliveFlag() const {
+    return d->alive;
+}
+
 bool QtWidget::notify(WidgetEvent& event) {
     if (!d->listener) return false;
     d->listener->widgetEvent(*this, event);
@@ -272,7 +384,54 @@ bool QtWidget::keyTyped(QKeyEvent*, const TypedKey& key) {
     return key.keyCodeCleared;
 }
 
-bool QtWidget::filter(QEvent* event) {
+bool QtWidget::focusChanged(QEvent* event) {
+    const bool in = event->type() == QEvent::FocusIn;
+    const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+    // A menu popping up and going again moves no focus on the form.
+    if (reason == Qt::PopupFocusReason) return false;
+    if (in) {
+        if (reason == Qt::ActiveWindowFocusReason) {
+            // The window coming back after another window had it: the widget had the
+            // focus all along. Or coming back after a message box that a LostFocus handler
+            // showed: the focus move under way decides who has the focus.
+            if (d->awayInOtherWindow) {
+                d->awayInOtherWindow = false;
+                return false;
+            }
+            if (g_leaving) return false;
+        }
+        d->awayInOtherWindow = false;
+        if (d->focusReported) return false;
+        d->focusReported = true;
+        WidgetEvent e;
+        e.type = WidgetEventType::GotFocus;
+        notifyFromQt(e);
+        return false;
+    }
+    if (reason == Qt::ActiveWindowFocusReason) {
+        // Another window coming forward takes no focus from the form.
+        if (d->focusReported) d->awayInOtherWindow = true;
+        return false;
+    }
+    d->awayInOtherWindow = false;
+    // Only a widget that was told it had the focus hears that it lost it: one that Qt gave
+    // the focus while a LostFocus handler took it back never had it as far as the form knows.
+    if (!d->focusReported) return false;
+    d->focusReported = false;
+    const auto alive = d->alive;
+    const QtWidget* outer = g_leaving;
+    g_leaving = this;
+    WidgetEvent e;
+    e.type = WidgetEventType::LostFocus;
+    notifyFromQt(e);
+    g_leaving = outer;
+    if (!*alive) return true;
+    // A handler gave the focus back (a failed check): the Qt widget stays as focused as it
+    // is now instead of acting on the stale focus-out.
+    return d->widget && d->widget->hasFocus();
+}
+
+bool QtWidget::filter(QObject* watched, QEvent* event) {
     QWidget* w = d->widget;
     if (!w) return false;
     switch (event->type()) {
@@ -280,6 +439,9 @@ bool QtWidget::filter(QEvent* event) {
         case QEvent::MouseButtonRelease:
         case QEvent::MouseButtonDblClick:
         case QEvent::MouseMove: {
+            // A scroll area's mouse input is its viewport's; what reaches the area itself
+            // is a click on its frame or an event its viewport passed up.
+            if (watched != d->mouseWidget.data()) return false;
             if (!w->isEnabled()) return false;
             auto* me = static_cast<QMouseEvent*>(event);
             WidgetEvent e;
@@ -301,9 +463,10 @@ bool QtWidget::filter(QEvent* event) {
             e.button = event->type() == QEvent::MouseMove ? mouseButtons(me->buttons())
                                                           : mouseButtons(me->button());
             e.shift = shiftBits(me->modifiers());
-            // Relative to the widget, in the surface's scale units.
+            // Relative to the widget (not its viewport), in the surface's scale units.
+            QPointF pos = me->position();
+            if (watched != w) pos = static_cast<QWidget*>(watched)->mapTo(w, pos);
             const Surface& s = d->host.surface();
-            const QPointF pos = me->position();
             e.x = s.scaleX(static_cast<float>(pos.x() * d->host.twipsPerPixelX()), ScaleMode::Twips,
                            s.scaleMode());
             e.y = s.scaleY(static_cast<float>(pos.y() * d->host.twipsPerPixelY()), ScaleMode::Twips,
@@ -315,22 +478,26 @@ bool QtWidget::filter(QEvent* event) {
                 e.x = e.y = 0;
                 d->afterDoubleClick = true;
             }
+            const auto alive = d->alive;
             notifyFromQt(e);
-            if (event->type() == QEvent::MouseButtonRelease && d->widget) {
+            if (!*alive || !d->widget) return true;
+            if (event->type() == QEvent::MouseButtonRelease) {
                 const bool second = d->afterDoubleClick;
                 d->afterDoubleClick = false;
                 if (clicksOnRelease() && !second && me->button() == Qt::LeftButton &&
-                    w->rect().contains(me->position().toPoint())) {
+                    w->rect().contains(pos.toPoint())) {
                     WidgetEvent click;
                     click.type = WidgetEventType::Click;
                     notifyFromQt(click);
+                    if (!*alive || !d->widget) return true;
                 }
             }
-            return false;
+            return keepsMouseFromQt(me);
         }
         case QEvent::KeyPress: {
-            if (!w->isEnabled()) return false;
+            if (watched != w || !w->isEnabled()) return false;
             auto* ke = static_cast<QKeyEvent*>(event);
+            const auto alive = d->alive;
             WidgetEvent down;
             down.type = WidgetEventType::KeyDown;
             down.keyCode = virtualKeyCode(ke->key(), ke->modifiers());
@@ -338,11 +505,11 @@ bool QtWidget::filter(QEvent* event) {
                 static_cast<std::int16_t>(shiftBits(ke->modifiers()) | ownShiftBit(ke->key()));
             const std::int16_t originalCode = down.keyCode;
             notifyFromQt(down);
-            if (!d->widget) return true;  // a handler took the control away
+            if (!*alive || !d->widget) return true;  // a handler took the control away
 
             TypedKey typed;
             typed.keyCodeCleared = originalCode != 0 && down.keyCode == 0;
-            const QString text = ke->text();
+            const QString text = textOfKey(ke);
             // Tab moves the focus and Delete deletes: neither types a character.
             const bool types = !text.isEmpty() && ke->key() != Qt::Key_Tab &&
                                ke->key() != Qt::Key_Backtab && ke->key() != Qt::Key_Delete &&
@@ -359,7 +526,7 @@ bool QtWidget::filter(QEvent* event) {
                 press.type = WidgetEventType::KeyPress;
                 press.keyAscii = static_cast<std::int16_t>(ch);
                 notifyFromQt(press);
-                if (!d->widget) return true;
+                if (!*alive || !d->widget) return true;
                 typed.hasPress = true;
                 typed.original = ch;
                 typed.keyAscii = static_cast<char16_t>(press.keyAscii);
@@ -367,9 +534,10 @@ bool QtWidget::filter(QEvent* event) {
             return keyTyped(ke, typed);
         }
         case QEvent::KeyRelease: {
-            if (!w->isEnabled()) return false;
+            if (watched != w || !w->isEnabled()) return false;
             auto* ke = static_cast<QKeyEvent*>(event);
             if (ke->isAutoRepeat()) return false;  // one KeyUp when the key really goes up
+            const auto alive = d->alive;
             WidgetEvent up;
             up.type = WidgetEventType::KeyUp;
             up.keyCode = virtualKeyCode(ke->key(), ke->modifiers());
@@ -377,7 +545,7 @@ bool QtWidget::filter(QEvent* event) {
                 static_cast<std::int16_t>(shiftBits(ke->modifiers()) & ~ownShiftBit(ke->key()));
             const std::int16_t originalCode = up.keyCode;
             notifyFromQt(up);
-            if (!d->widget) return true;
+            if (!*alive || !d->widget) return true;
             if (originalCode != 0 && up.keyCode == 0) {
                 // The handler took the key away: a button pressed by it comes up unclicked.
                 if (auto* button = qobject_cast<QAbstractButton*>(d->widget.data())) {
@@ -388,27 +556,18 @@ bool QtWidget::filter(QEvent* event) {
             return false;
         }
         case QEvent::FocusIn:
-        case QEvent::FocusOut: {
-            // A menu popping up, or another window coming forward and going again, moves
-            // no focus on the form; the focus a window gives when it first opens does.
-            const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
-            if (reason == Qt::PopupFocusReason) return false;
-            if (reason == Qt::ActiveWindowFocusReason) {
-                const bool back = d->lostToOtherWindow;
-                d->lostToOtherWindow = event->type() == QEvent::FocusOut;
-                if (back || event->type() == QEvent::FocusOut) return false;
-            } else {
-                d->lostToOtherWindow = false;
-            }
-            WidgetEvent e;
-            e.type = event->type() == QEvent::FocusIn ? WidgetEventType::GotFocus
-                                                      : WidgetEventType::LostFocus;
-            notifyFromQt(e);
-            return false;
-        }
+        case QEvent::FocusOut:
+            if (watched != w) return false;
+            return focusChanged(event);
+        case QEvent::ContextMenu:
+            if (watched != d->mouseWidget.data() || !w->isEnabled()) return false;
+            return showContextMenu(static_cast<QContextMenuEvent*>(event));
         case QEvent::InputMethod:
-            if (!w->isEnabled()) return false;
+            if (watched != w || !w->isEnabled()) return false;
             return inputMethodCommitted(static_cast<QInputMethodEvent*>(event));
+        case QEvent::InputMethodQuery:
+            if (watched != w) return false;
+            return inputMethodQueried(static_cast<QInputMethodQueryEvent*>(event));
         default:
             return false;
     }
@@ -477,47 +636,329 @@ void QtCheckBox::stateChangedByQt(int state) {
     notifyFromQt(e);
 }
 
-// --- text box -------------------------------------------------------------------------
+// --- text box: the Qt editors -----------------------------------------------------------
 
-QtTextBox::QtTextBox(QtControlHost& host, const TextBoxSpec& design)
-    : QtWidget(host, new QLineEdit(&host), design, color::WindowBackground, color::WindowText) {
-    QLineEdit* edit = lineEdit();
-    // MaxLength is ours to apply: Qt's own limit would also cut text set by code.
-    edit->setMaxLength(std::numeric_limits<int>::max());
-    edit->setValidator(new LengthLimit(*this, edit));
-    switch (design.alignment) {
-        case 1:
-            edit->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-            break;
-        case 2:
-            edit->setAlignment(Qt::AlignHCenter | Qt::AlignVCenter);
-            break;
-        default:
-            edit->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-            break;
+// What the text box needs of its Qt widget, in the widget's own units: a multi-line
+// editor's text has one '\n' per line break, and positions count it once.
+struct QtTextBox::Editor {
+    virtual ~Editor() = default;
+    virtual QString text() const = 0;
+    virtual void setText(const QString& text) = 0;
+    virtual int selectionStart() const = 0;
+    virtual int selectionEnd() const = 0;
+    // Selects from start to end, the caret at end.
+    virtual void select(int start, int end) = 0;
+    // Replaces the selection: as the user's edit (undo keeps it), or as code's.
+    virtual void replaceSelection(const QString& text, bool asEdit) = 0;
+    virtual void backspace() = 0;
+    virtual bool readOnly() const = 0;
+    virtual void setReadOnly(bool v) = 0;
+    virtual bool undoAvailable() const = 0;
+    virtual bool redoAvailable() const = 0;
+    virtual void undo() = 0;
+    virtual void redo() = 0;
+    virtual void cut() = 0;
+    virtual void copy() = 0;
+    virtual void selectAll() = 0;
+};
+
+class QtTextBox::LineEditor : public QtTextBox::Editor {
+public:
+    explicit LineEditor(QLineEdit* edit) : e_(edit) {}
+    QString text() const override { return e_ ? e_->text() : QString(); }
+    void setText(const QString& text) override {
+        if (e_) e_->setText(text);
     }
-    QObject::connect(edit, &QLineEdit::textChanged, edit, [this] { textChangedByQt(); });
+    int selectionStart() const override {
+        if (!e_) return 0;
+        return e_->hasSelectedText() ? e_->selectionStart() : e_->cursorPosition();
+    }
+    int selectionEnd() const override {
+        if (!e_) return 0;
+        return e_->hasSelectedText() ? e_->selectionEnd() : e_->cursorPosition();
+    }
+    void select(int start, int end) override {
+        if (!e_) return;
+        if (start == end) {
+            e_->setCursorPosition(start);
+        } else {
+            e_->setSelection(start, end - start);
+        }
+    }
+    void replaceSelection(const QString& text, bool asEdit) override {
+        if (!e_) return;
+        QString after = e_->text();
+        const int start = selectionStart();
+        after.replace(start, selectionEnd() - start, text);
+        // The user's edit keeps Qt's undo history; code's replaces the text whole.
+        if (asEdit) e_->insert(text);
+        if (e_->text() != after) e_->setText(after);
+    }
+    void backspace() override {
+        if (e_) e_->backspace();
+    }
+    bool readOnly() const override { return e_ && e_->isReadOnly(); }
+    void setReadOnly(bool v) override {
+        if (e_) e_->setReadOnly(v);
+    }
+    bool undoAvailable() const override { return e_ && e_->isUndoAvailable(); }
+    bool redoAvailable() const override { return e_ && e_->isRedoAvailable(); }
+    void undo() override {
+        if (e_) e_->undo();
+    }
+    void redo() override {
+        if (e_) e_->redo();
+    }
+    void cut() override {
+        if (e_) e_->cut();
+    }
+    void copy() override {
+        if (e_) e_->copy();
+    }
+    void selectAll() override {
+        if (e_) e_->selectAll();
+    }
+
+private:
+    QPointer<QLineEdit> e_;
+};
+
+class QtTextBox::PlainEditor : public QtTextBox::Editor {
+public:
+    explicit PlainEditor(QPlainTextEdit* edit) : e_(edit) {}
+    QString text() const override {
+        // Block by block: toPlainText() would turn no-break spaces into spaces.
+        QString out;
+        if (!e_) return out;
+        for (QTextBlock b = e_->document()->begin(); b.isValid(); b = b.next()) {
+            if (b != e_->document()->begin()) out += QLatin1Char('\n');
+            out += b.text();
+        }
+        return out;
+    }
+    void setText(const QString& text) override {
+        if (e_) e_->setPlainText(text);
+    }
+    int selectionStart() const override { return e_ ? e_->textCursor().selectionStart() : 0; }
+    int selectionEnd() const override { return e_ ? e_->textCursor().selectionEnd() : 0; }
+    void select(int start, int end) override {
+        if (!e_) return;
+        QTextCursor c(e_->document());
+        c.setPosition(start);
+        c.setPosition(end, QTextCursor::KeepAnchor);
+        e_->setTextCursor(c);
+    }
+    void replaceSelection(const QString& text, bool) override {
+        if (!e_) return;
+        QTextCursor c = e_->textCursor();
+        // One edit: one change of the text, one step to undo.
+        c.beginEditBlock();
+        c.insertText(text);
+        c.endEditBlock();
+        e_->setTextCursor(c);
+    }
+    void backspace() override {
+        if (!e_) return;
+        QTextCursor c = e_->textCursor();
+        if (c.hasSelection()) {
+            c.removeSelectedText();
+        } else {
+            c.deletePreviousChar();
+        }
+        e_->setTextCursor(c);
+    }
+    bool readOnly() const override { return e_ && e_->isReadOnly(); }
+    void setReadOnly(bool v) override {
+        if (e_) e_->setReadOnly(v);
+    }
+    bool undoAvailable() const override { return e_ && e_->document()->isUndoAvailable(); }
+    bool redoAvailable() const override { return e_ && e_->document()->isRedoAvailable(); }
+    void undo() override {
+        if (e_) e_->undo();
+    }
+    void redo() override {
+        if (e_) e_->redo();
+    }
+    void cut() override {
+        if (e_) e_->cut();
+    }
+    void copy() override {
+        if (e_) e_->copy();
+    }
+    void selectAll() override {
+        if (e_) e_->selectAll();
+    }
+
+private:
+    QPointer<QPlainTextEdit> e_;
+};
+
+namespace {
+
+// A multi-line box's text as the control sees it: CR LF line breaks.
+std::u16string withCrLf(const QString& editorText) {
+    std::u16string out;
+    out.reserve(static_cast<std::size_t>(editorText.size()));
+    for (const QChar c : editorText) {
+        if (c == QLatin1Char('\n')) out += u'\r';
+        out += c.unicode();
+    }
+    return out;
 }
 
-QtTextBox::~QtTextBox() = default;
+// Any line break (CR LF, a lone CR or LF, a paragraph separator) as CR LF.
+std::u16string canonicalLineBreaks(std::u16string_view text) {
+    std::u16string out;
+    out.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (c == u'\r' || c == u'\n' || c == 0x2029) {
+            if (c == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
+            out += u"\r\n";
+        } else {
+            out += c;
+        }
+    }
+    return out;
+}
+
+// Text for a multi-line editor: one '\n' per line break.
+QString withLf(std::u16string_view text) {
+    QString out;
+    out.reserve(static_cast<qsizetype>(text.size()));
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        if (c == u'\r' || c == u'\n' || c == 0x2029) {
+            if (c == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
+            out += QLatin1Char('\n');
+        } else {
+            out += QChar(c);
+        }
+    }
+    return out;
+}
+
+}  // namespace
+
+// --- text box -------------------------------------------------------------------------
+
+namespace {
+
+QWidget* newTextWidget(QtControlHost& host, const TextBoxSpec& design, QtTextBox& box) {
+    if (design.multiLine) return new MemoEdit(box, &host);
+    return new QLineEdit(&host);
+}
+
+}  // namespace
+
+QtTextBox::QtTextBox(QtControlHost& host, const TextBoxSpec& design)
+    : QtWidget(host, newTextWidget(host, design, *this), design, color::WindowBackground,
+               color::WindowText),
+      multiLine_(design.multiLine),
+      scrollBars_(design.scrollBars),
+      nativeClipboard_(design.nativeClipboard) {
+    Qt::Alignment horizontal = Qt::AlignLeft;
+    if (design.alignment == 1) horizontal = Qt::AlignRight;
+    if (design.alignment == 2) horizontal = Qt::AlignHCenter;
+    if (QPlainTextEdit* edit = plainTextEdit()) {
+        editor_ = std::make_unique<PlainEditor>(edit);
+        QTextOption option = edit->document()->defaultTextOption();
+        option.setAlignment(horizontal);
+        edit->document()->setDefaultTextOption(option);
+        // Box i of a MemoBox has the scroll bars of style i. Where there is no horizontal
+        // bar, long lines wrap at the edge; the bars a style has are always shown, so that
+        // the styles look as different as they are.
+        const bool horizontalBar = scrollBars_ == 1 || scrollBars_ == 3;
+        const bool verticalBar = scrollBars_ == 2 || scrollBars_ == 3;
+        edit->setHorizontalScrollBarPolicy(horizontalBar ? Qt::ScrollBarAlwaysOn
+                                                         : Qt::ScrollBarAlwaysOff);
+        edit->setVerticalScrollBarPolicy(verticalBar ? Qt::ScrollBarAlwaysOn
+                                                     : Qt::ScrollBarAlwaysOff);
+        edit->setLineWrapMode(horizontalBar ? QPlainTextEdit::NoWrap : QPlainTextEdit::WidgetWidth);
+        // Tab moves on to the next control, as it does from any other box on a form.
+        edit->setTabChangesFocus(true);
+        QObject::connect(edit, &QPlainTextEdit::textChanged, edit, [this] { textChangedByQt(); });
+    } else {
+        QLineEdit* line = lineEdit();
+        editor_ = std::make_unique<LineEditor>(line);
+        // MaxLength is ours to apply: Qt's own limit would also cut text set by code.
+        line->setMaxLength(std::numeric_limits<int>::max());
+        line->setValidator(new LengthLimit(*this, line));
+        line->setAlignment(horizontal | Qt::AlignVCenter);
+        QObject::connect(line, &QLineEdit::textChanged, line, [this] { textChangedByQt(); });
+    }
+    if (!nativeClipboard_) {
+        // Nothing comes in past the control's own clipboard keys.
+        qtWidget()->setAcceptDrops(false);
+        mouseWidget()->setAcceptDrops(false);
+    }
+    applyInputMethod();
+}
+
+QtTextBox::~QtTextBox() {
+    if (auto* memo = dynamic_cast<MemoEdit*>(qtWidget())) memo->detach();
+    if (QLineEdit* line = lineEdit()) {
+        if (auto* limit = dynamic_cast<LengthLimit*>(const_cast<QValidator*>(line->validator()))) {
+            limit->detach();
+        }
+    }
+}
 
 QLineEdit* QtTextBox::lineEdit() const {
-    return static_cast<QLineEdit*>(qtWidget());
+    return multiLine_ ? nullptr : static_cast<QLineEdit*>(qtWidget());
+}
+
+QPlainTextEdit* QtTextBox::plainTextEdit() const {
+    return multiLine_ ? static_cast<QPlainTextEdit*>(qtWidget()) : nullptr;
+}
+
+namespace {
+
+// Box positions count a line break as two units (CR LF); the editor's count it once.
+std::int32_t boxPosition(const QString& editorText, int position, bool multiLine) {
+    position = std::clamp(position, 0, static_cast<int>(editorText.size()));
+    if (!multiLine) return position;
+    const auto breaks =
+        std::count(editorText.cbegin(), editorText.cbegin() + position, QLatin1Char('\n'));
+    return position + static_cast<std::int32_t>(breaks);
+}
+
+// The editor position of a box position; one inside a line break goes before it, or
+// after it when forward.
+int editorPosition(const QString& editorText, std::int32_t position, bool multiLine, bool forward) {
+    const auto size = static_cast<int>(editorText.size());
+    if (!multiLine) return std::clamp(position, 0, size);
+    std::int32_t at = 0;
+    for (int i = 0; i < size; ++i) {
+        if (at >= position) return i;
+        const int width = editorText[i] == QLatin1Char('\n') ? 2 : 1;
+        if (at + width > position) return forward ? i + 1 : i;
+        at += width;
+    }
+    return size;
+}
+
+}  // namespace
+
+std::int32_t QtTextBox::boxLength() const {
+    const QString t = editor_->text();
+    return boxPosition(t, static_cast<int>(t.size()), multiLine_);
 }
 
 std::u16string QtTextBox::text() const {
-    return lineEdit() ? fromQString(lineEdit()->text()) : std::u16string();
+    const QString t = editor_->text();
+    return multiLine_ ? withCrLf(t) : fromQString(t);
 }
 
 void QtTextBox::setText(const std::u16string& t) {
-    QLineEdit* edit = lineEdit();
-    if (!edit) return;
-    const QString before = edit->text();
+    const QString before = editor_->text();
     updating_ = true;
-    edit->setText(toQString(t));
-    edit->setCursorPosition(0);
+    editor_->setText(multiLine_ ? withLf(t) : toQString(t));
+    editor_->select(0, 0);
     updating_ = false;
-    if (edit->text() != before) {
+    const QString now = editor_->text();
+    lastText_ = now;
+    if (now != before) {
         WidgetEvent e;
         e.type = WidgetEventType::Change;
         notify(e);
@@ -525,37 +966,35 @@ void QtTextBox::setText(const std::u16string& t) {
 }
 
 std::int32_t QtTextBox::selStart() const {
-    QLineEdit* edit = lineEdit();
-    if (!edit) return 0;
-    return edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    return boxPosition(editor_->text(), editor_->selectionStart(), multiLine_);
 }
 
 void QtTextBox::setSelStart(std::int32_t s) {
-    QLineEdit* edit = lineEdit();
-    if (!edit) return;
-    edit->setCursorPosition(std::clamp(s, 0, static_cast<std::int32_t>(edit->text().size())));
+    const QString t = editor_->text();
+    const int at = editorPosition(t, std::max(0, s), multiLine_, false);
+    editor_->select(at, at);
 }
 
 std::int32_t QtTextBox::selLength() const {
-    QLineEdit* edit = lineEdit();
-    return edit ? static_cast<std::int32_t>(edit->selectedText().size()) : 0;
+    const QString t = editor_->text();
+    return boxPosition(t, editor_->selectionEnd(), multiLine_) -
+           boxPosition(t, editor_->selectionStart(), multiLine_);
 }
 
 void QtTextBox::setSelLength(std::int32_t n) {
-    QLineEdit* edit = lineEdit();
-    if (!edit) return;
-    const std::int32_t start = selStart();
-    const auto len = static_cast<std::int32_t>(edit->text().size());
-    const std::int32_t count = std::clamp(n, 0, len - start);
-    if (count == 0) {
-        edit->setCursorPosition(start);
-    } else {
-        edit->setSelection(start, count);
-    }
+    const QString t = editor_->text();
+    const int start = editor_->selectionStart();
+    const std::int32_t from = boxPosition(t, start, multiLine_);
+    const std::int32_t length = boxPosition(t, static_cast<int>(t.size()), multiLine_);
+    const std::int32_t count = std::clamp(n, 0, length - from);
+    editor_->select(start, editorPosition(t, from + count, multiLine_, true));
 }
 
 std::u16string QtTextBox::selText() const {
-    return lineEdit() ? fromQString(lineEdit()->selectedText()) : std::u16string();
+    const QString t = editor_->text();
+    const int start = editor_->selectionStart();
+    const QString selected = t.mid(start, editor_->selectionEnd() - start);
+    return multiLine_ ? withCrLf(selected) : fromQString(selected);
 }
 
 void QtTextBox::setSelText(const std::u16string& t) {
@@ -576,49 +1015,61 @@ std::int16_t QtTextBox::imeMode() const {
 
 void QtTextBox::setImeMode(std::int16_t m) {
     imeMode_ = m;
+    applyInputMethod();
 }
 
 bool QtTextBox::locked() const {
-    return lineEdit() && lineEdit()->isReadOnly();
+    return editor_->readOnly();
 }
 
 void QtTextBox::setLocked(bool v) {
-    if (lineEdit()) lineEdit()->setReadOnly(v);
+    editor_->setReadOnly(v);
+    // Qt turns the input method off and on with read-only; the mode still rules.
+    applyInputMethod();
+}
+
+void QtTextBox::applyInputMethod() {
+    QWidget* w = qtWidget();
+    if (!w) return;
+    const InputMethodSetting setting = inputMethodSetting(imeMode_);
+    w->setAttribute(Qt::WA_InputMethodEnabled, setting.enabled && !locked());
+    constexpr Qt::InputMethodHints ours = Qt::ImhPreferLatin | Qt::ImhLatinOnly;
+    w->setInputMethodHints((w->inputMethodHints() & ~ours) | setting.hints);
+    if (w->hasFocus()) QGuiApplication::inputMethod()->update(Qt::ImEnabled | Qt::ImHints);
 }
 
 void QtTextBox::replaceSelection(std::u16string insert, bool limited, bool byCode) {
-    QLineEdit* edit = lineEdit();
-    if (!edit) return;
-    const QString before = edit->text();
-    const std::int32_t start = selStart();
-    const std::int32_t length = selLength();
+    if (multiLine_) insert = canonicalLineBreaks(insert);
+    const QString before = editor_->text();
+    const int start = editor_->selectionStart();
+    const int end = editor_->selectionEnd();
     if (limited && maxLength_ > 0) {
         // What would not fit is cut off; a single typed character is refused whole.
-        const std::int64_t room = static_cast<std::int64_t>(maxLength_) -
-                                  (static_cast<std::int64_t>(before.size()) - length);
-        if (room <= 0) return;
+        const std::int64_t selected =
+            boxPosition(before, end, multiLine_) - boxPosition(before, start, multiLine_);
+        const std::int64_t room =
+            static_cast<std::int64_t>(maxLength_) -
+            (boxPosition(before, static_cast<int>(before.size()), multiLine_) - selected);
         if (static_cast<std::int64_t>(insert.size()) > room) {
-            insert.resize(static_cast<std::size_t>(room));
-            // Never leave half of a surrogate pair behind.
-            if (!insert.empty() && insert.back() >= 0xD800 && insert.back() <= 0xDBFF) {
-                insert.pop_back();
-            }
+            const bool wanted = !insert.empty();
+            insert.resize(static_cast<std::size_t>(std::max<std::int64_t>(0, room)));
+            // Never leave half of a surrogate pair or of a line break behind.
+            if (!insert.empty() && isHighSurrogate(insert.back())) insert.pop_back();
+            if (multiLine_ && !insert.empty() && insert.back() == u'\r') insert.pop_back();
+            // Nothing fits: the selection stays. Deleting it is always possible.
+            if (wanted && insert.empty()) return;
         }
     }
-    QString after = before;
-    after.replace(start, length, toQString(insert));
+    const QString text = multiLine_ ? withLf(insert) : toQString(insert);
     if (byCode) updating_ = true;
-    if (byCode) {
-        edit->setText(after);
-    } else {
-        // Typing keeps Qt's undo history.
-        edit->insert(toQString(insert));
-        if (edit->text() != after) edit->setText(after);
-    }
-    edit->setCursorPosition(start + static_cast<std::int32_t>(insert.size()));
+    editor_->replaceSelection(text, !byCode);
+    const int caret = start + static_cast<int>(text.size());
+    editor_->select(caret, caret);
     if (byCode) {
         updating_ = false;
-        if (edit->text() != before) {
+        const QString now = editor_->text();
+        lastText_ = now;
+        if (now != before) {
             WidgetEvent e;
             e.type = WidgetEventType::Change;
             notify(e);
@@ -626,66 +1077,88 @@ void QtTextBox::replaceSelection(std::u16string insert, bool limited, bool byCod
     }
 }
 
+void QtTextBox::pasteFromClipboard() {
+    // Pasted text is cut to MaxLength, as typing is refused past it.
+    replaceSelection(fromQString(QGuiApplication::clipboard()->text()), true, false);
+}
+
 void QtTextBox::typeCharacter(char16_t ch) {
-    QLineEdit* edit = lineEdit();
-    if (!edit || locked()) return;
+    if (locked()) return;
     if (ch == u'\b') {
-        if (edit->hasSelectedText() || edit->cursorPosition() > 0) edit->backspace();
+        editor_->backspace();
         return;
     }
-    // A single line has no line breaks; other control characters insert nothing.
+    if (ch == u'\r') {
+        // Enter breaks the line of a multi-line box and types nothing in a single line.
+        if (multiLine_) replaceSelection(u"\r\n", true, false);
+        return;
+    }
+    // Other control characters insert nothing.
     if (ch < 0x20 || ch == 0x7F) return;
     replaceSelection(std::u16string(1, ch), true, false);
 }
 
 bool QtTextBox::keyTyped(QKeyEvent* event, const TypedKey& key) {
-    if (!key.hasPress) return key.keyCodeCleared;  // navigation and deletion keys
-    if (key.keyAscii == 0) return true;            // swallowed by a KeyPress handler
-    QLineEdit* edit = lineEdit();
-    if (!edit) return true;
-    if (key.keyAscii == key.original) {
-        if (event->matches(QKeySequence::Paste)) {
-            // Pasted text is cut to MaxLength, as typing is refused past it.
-            if (!locked()) {
-                replaceSelection(fromQString(QGuiApplication::clipboard()->text()), true, false);
-            }
+    if (const ClipboardKey clip = clipboardKeyOf(event); clip != ClipboardKey::None) {
+        // The control's own clipboard keys, or a key a KeyDown handler took away: the box
+        // does nothing by itself, so that nothing is copied or pasted twice.
+        if (!nativeClipboard_ || key.keyCodeCleared) return true;
+        if (key.hasPress && key.keyAscii != key.original) {
+            // A KeyPress handler made it another character (or none).
+            typeCharacter(key.keyAscii);
             return true;
         }
-        // Backspace, Enter, Escape and the Ctrl shortcuts keep their Qt meaning.
-        if (key.original < 0x20) return false;
-        if (locked()) return true;
-        // The whole text of the key: a character beyond the first plane is two units.
-        const QString text = event->text();
-        if (text.size() > 1) {
-            replaceSelection(fromQString(text), true, false);
-        } else {
-            typeCharacter(key.original);
+        if (clip == ClipboardKey::Paste) {
+            if (!locked()) pasteFromClipboard();
+            return true;
         }
+        return false;  // Qt copies, and cuts
+    }
+    if (multiLine_ && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)) {
+        // Qt's own Enter would break a line past MaxLength, or softly with Shift: the box
+        // types what KeyPress left (13 a line break, 10 nothing), and nothing else.
+        if (key.hasPress) typeCharacter(key.keyAscii);
         return true;
     }
-    typeCharacter(key.keyAscii);
+    if (!key.hasPress) return key.keyCodeCleared;  // navigation and deletion keys
+    if (key.keyAscii == 0) return true;            // swallowed by a KeyPress handler
+    if (key.keyAscii != key.original) {
+        typeCharacter(key.keyAscii);
+        return true;
+    }
+    // Backspace, Escape, Enter in a single line and the Ctrl shortcuts keep their Qt meaning.
+    if (key.original < 0x20) return false;
+    if (locked()) return true;
+    // The whole text of the key: a character beyond the first plane is two units.
+    const QString text = event->text();
+    if (text.size() > 1) {
+        replaceSelection(fromQString(text), true, false);
+    } else {
+        typeCharacter(key.original);
+    }
     return true;
 }
 
 bool QtTextBox::inputMethodCommitted(QInputMethodEvent* event) {
-    QLineEdit* edit = lineEdit();
+    QWidget* w = qtWidget();
     const QString commit = event->commitString();
-    if (forwarding_ || !edit || commit.isEmpty()) return false;
+    if (forwarding_ || !w || commit.isEmpty()) return false;
     // What an input method commits is typed too: one KeyPress per code unit, each of
     // which its handlers may swallow or replace.
+    const auto alive = aliveFlag();
     QString accepted;
     for (const QChar c : commit) {
         WidgetEvent press;
         press.type = WidgetEventType::KeyPress;
         press.keyAscii = static_cast<std::int16_t>(c.unicode());
         notifyFromQt(press);
-        if (!lineEdit()) return true;
+        if (!*alive || !qtWidget()) return true;
         const auto ch = static_cast<char16_t>(press.keyAscii);
         if (ch >= 0x20 && ch != 0x7F) accepted += QChar(ch);
     }
     if (locked()) accepted.clear();
     if (maxLength_ > 0) {
-        const qsizetype room = maxLength_ - (edit->text().size() - edit->selectedText().size());
+        const qsizetype room = maxLength_ - (boxLength() - selLength());
         if (accepted.size() > room) {
             accepted.truncate(std::max<qsizetype>(0, room));
             if (!accepted.isEmpty() && accepted.back().isHighSurrogate()) accepted.chop(1);
@@ -695,13 +1168,110 @@ bool QtTextBox::inputMethodCommitted(QInputMethodEvent* event) {
     QInputMethodEvent changed(event->preeditString(), event->attributes());
     changed.setCommitString(accepted, event->replacementStart(), event->replacementLength());
     forwarding_ = true;
-    QApplication::sendEvent(edit, &changed);
+    QApplication::sendEvent(w, &changed);
     forwarding_ = false;
+    return true;
+}
+
+bool QtTextBox::inputMethodQueried(QInputMethodQueryEvent* query) {
+    QWidget* w = qtWidget();
+    if (!w || inputMethodSetting(imeMode_).enabled) return false;
+    // Qt's text widgets say they take the input method whenever they are enabled and
+    // editable, whatever Qt::WA_InputMethodEnabled says; a mode without it says no itself.
+    // The other answers are the widget's own, as Qt would give them.
+    for (unsigned bit = 0; bit < 32; ++bit) {
+        const auto q = static_cast<Qt::InputMethodQuery>(query->queries().toInt() & (1u << bit));
+        if (!q) continue;
+        query->setValue(q, q == Qt::ImEnabled ? QVariant(false) : w->inputMethodQuery(q));
+    }
+    query->accept();
+    return true;
+}
+
+bool QtTextBox::keepsMouseFromQt(QMouseEvent* event) {
+    // The middle button pastes the selection on some desktops; a box whose control owns
+    // the clipboard keys takes nothing in that way.
+    return !nativeClipboard_ && event->button() == Qt::MiddleButton;
+}
+
+void QtTextBox::pressOnBox(int qtKey, char16_t ch) {
+    // As if the user pressed Ctrl with the key: KeyDown, KeyPress and KeyUp reach the
+    // control, whose KeyDown rule does the work.
+    QPointer<QWidget> w = qtWidget();
+    if (!w) return;
+    QKeyEvent press(QEvent::KeyPress, qtKey, Qt::ControlModifier, QString(QChar(ch)));
+    QApplication::sendEvent(w, &press);
+    if (!w) return;
+    QKeyEvent release(QEvent::KeyRelease, qtKey, Qt::ControlModifier, QString(QChar(ch)));
+    QApplication::sendEvent(w, &release);
+}
+
+QMenu* QtTextBox::createContextMenu(QWidget* parent) {
+    auto* menu = new QMenu(parent);
+    const bool editable = !locked();
+    const bool selection = selLength() > 0;
+    const auto shortcut = [](QKeySequence::StandardKey k) {
+        const QString keys = QKeySequence(k).toString(QKeySequence::NativeText);
+        return keys.isEmpty() ? QString() : QLatin1Char('\t') + keys;
+    };
+    // Every action first checks that the box is still there: a handler may unload the
+    // control while the menu is up.
+    const std::shared_ptr<const bool> alive = aliveFlag();
+    const auto add = [&](const QString& text, bool enabled, auto action) {
+        QAction* item = menu->addAction(text);
+        item->setEnabled(enabled);
+        QObject::connect(item, &QAction::triggered, menu, [alive, action] {
+            if (*alive) action();
+        });
+    };
+    add(QLineEdit::tr("&Undo") + shortcut(QKeySequence::Undo), editable && editor_->undoAvailable(),
+        [this] { editor_->undo(); });
+    add(QLineEdit::tr("&Redo") + shortcut(QKeySequence::Redo), editable && editor_->redoAvailable(),
+        [this] { editor_->redo(); });
+    menu->addSeparator();
+    add(QLineEdit::tr("Cu&t") + shortcut(QKeySequence::Cut), editable && selection, [this] {
+        if (nativeClipboard_) {
+            editor_->cut();
+        } else {
+            pressOnBox(Qt::Key_X, 0x18);
+        }
+    });
+    add(QLineEdit::tr("&Copy") + shortcut(QKeySequence::Copy), selection, [this] {
+        if (nativeClipboard_) {
+            editor_->copy();
+        } else {
+            pressOnBox(Qt::Key_C, 0x03);
+        }
+    });
+    add(QLineEdit::tr("&Paste") + shortcut(QKeySequence::Paste),
+        editable && !QGuiApplication::clipboard()->text().isEmpty(), [this] {
+            if (nativeClipboard_) {
+                pasteFromClipboard();
+            } else {
+                pressOnBox(Qt::Key_V, 0x16);
+            }
+        });
+    add(QLineEdit::tr("Delete"), editable && selection,
+        [this] { replaceSelection(std::u16string(), false, false); });
+    menu->addSeparator();
+    add(QLineEdit::tr("Select All") + shortcut(QKeySequence::SelectAll), !text().empty(),
+        [this] { editor_->selectAll(); });
+    return menu;
+}
+
+bool QtTextBox::showContextMenu(QContextMenuEvent* event) {
+    QPointer<QMenu> menu = createContextMenu(nullptr);
+    menu->exec(event->globalPos());
+    delete menu.data();
     return true;
 }
 
 void QtTextBox::textChangedByQt() {
     if (updating_) return;
+    // Qt also says "changed" when only the formats did; Change is for the text.
+    const QString now = editor_->text();
+    if (now == lastText_) return;
+    lastText_ = now;
     WidgetEvent e;
     e.type = WidgetEventType::Change;
     notifyFromQt(e);

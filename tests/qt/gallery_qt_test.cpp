@@ -1,15 +1,23 @@
-// The gallery window as a user drives it: its check boxes, the values file, Store and
-// Restore, the enable switch and the locale switch.
+// The gallery window as a user drives it: its check boxes and entry controls with their
+// switches, the values file, Store and Restore, the enable switch and the locale switch.
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QFile>
-#include <QTemporaryDir>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QSpinBox>
 #include <QStandardPaths>
+#include <QTemporaryDir>
 #include <QTest>
+#include <QTextDocument>
 
+#include "corvex/entry/memo_box.h"
+#include "corvex/entry/num_input_box.h"
 #include "corvex/library/form_file.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
@@ -27,8 +35,15 @@ protected:
         // Each test has a values file of its own, never the user's settings: the tests run
         // in parallel processes.
         window.setValuesFile(folder.filePath(QStringLiteral("gallery-values.frm")));
+        // No one is there to answer a box: it is counted and answered OK.
+        host.setMessageBoxHandler([this](const MessageBoxRequest&) {
+            ++messageBoxes;
+            return std::int32_t{1};
+        });
         window.show();
         [[maybe_unused]] const bool exposed = QTest::qWaitForWindowExposed(&window);
+        QApplication::setActiveWindow(&window);
+        [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(&window);
     }
     QTemporaryDir folder;
 
@@ -43,8 +58,17 @@ protected:
         return getProperty(*control(name)->object(), u"Value").toString();
     }
 
+    QWidget* editOf(const char* name, const char* inner = "txtInput") const {
+        return control(name)->innerWidget(QString::fromLatin1(inner));
+    }
+    template <class W>
+    W* setting(const char* objectName) const {
+        return qobject_cast<W*>(window.settingsSwitch(QString::fromLatin1(objectName)));
+    }
+
     QtHost host;
     gallery::GalleryWindow window{host};
+    int messageBoxes = 0;
 };
 
 TEST_F(GalleryQt, shouldHoldEveryTableEntryOnItsForm) {
@@ -87,7 +111,7 @@ TEST_F(GalleryQt, shouldSaveTheValuesAsAFormFileAndLoadThemBack) {
     const QByteArray bytes = file.readAll();
     const FormDocument doc =
         parseFormFile(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    ASSERT_EQ(doc.controls.size(), 2u);
+    ASSERT_EQ(doc.controls.size(), gallery::galleryEntries().size());
     EXPECT_EQ(doc.controls[0].className, u"BooleanBox");
     EXPECT_EQ(doc.controls[0].name, u"newsletter");
     ASSERT_EQ(doc.controls[0].properties.size(), 1u);
@@ -135,6 +159,110 @@ TEST_F(GalleryQt, shouldSetTheHostsLocaleFromTheLocaleSwitch) {
     EXPECT_EQ(host.localeId(), LocaleJapanese);
     locale->setCurrentIndex(0);
     EXPECT_EQ(host.localeId(), LocaleEnglishUS);
+}
+
+// --- the text and number entry group --------------------------------------------------------
+
+TEST_F(GalleryQt, shouldShowTheEntryControlsWithTheirLabels) {
+    for (const char* name : {"amount", "quantity", "notes"}) {
+        ASSERT_NE(control(name), nullptr) << name;
+        EXPECT_TRUE(control(name)->isVisible()) << name;
+    }
+    EXPECT_EQ(&control("amount")->classInfo(), &NumInputBox::staticClassInfo());
+    EXPECT_EQ(&control("quantity")->classInfo(), &NumInputBoxR::staticClassInfo());
+    EXPECT_EQ(&control("notes")->classInfo(), &MemoBox::staticClassInfo());
+    bool labelled = false;
+    for (QLabel* label : window.findChildren<QLabel*>()) {
+        if (label->buddy() == control("amount"))
+            labelled = label->text().contains(QStringLiteral("Amount"));
+    }
+    EXPECT_TRUE(labelled);
+    EXPECT_TRUE(qobject_cast<QLineEdit*>(editOf("quantity"))->alignment() & Qt::AlignRight);
+}
+
+TEST_F(GalleryQt, shouldShowTypedNumbersInTheValueLineAndSaveAndLoadThem) {
+    QWidget* amount = editOf("amount");
+    QTest::mouseClick(amount, Qt::LeftButton, Qt::NoModifier, amount->rect().center());
+    QTest::keyClicks(amount, QStringLiteral("12.5x"));
+    EXPECT_EQ(value("amount"), u"12.5") << "x is refused by the key filter";
+    EXPECT_TRUE(window.valuesText().contains(QStringLiteral("amount = 12.5")));
+    QWidget* notes = editOf("notes", "txtMemo(0)");
+    QTest::keyClicks(notes, QStringLiteral("a"));
+    QTest::keyClick(notes, Qt::Key_Return);
+    QTest::keyClicks(notes, QStringLiteral("b"));
+    EXPECT_EQ(value("notes"), u"a\r\nb");
+    EXPECT_TRUE(window.valuesText().contains(QStringLiteral("notes = a \u21B5 b")));
+
+    ASSERT_TRUE(window.saveValues());
+    letProperty(*control("amount")->object(), u"Value", Variant(u"1"));
+    letProperty(*control("notes")->object(), u"Value", Variant(u""));
+    ASSERT_TRUE(window.loadValues());
+    EXPECT_EQ(value("amount"), u"12.5");
+    EXPECT_EQ(value("notes"), u"a\r\nb");
+    EXPECT_EQ(qobject_cast<QPlainTextEdit*>(notes)->document()->blockCount(), 2);
+}
+
+TEST_F(GalleryQt, shouldStoreAndRestoreTheEntryControls) {
+    letProperty(*control("quantity")->object(), u"Value", Variant(u"7"));
+    window.storeAll();
+    letProperty(*control("quantity")->object(), u"Value", Variant(u"8"));
+    window.restoreAll();
+    EXPECT_EQ(value("quantity"), u"7");
+    EXPECT_TRUE(window.eventLog().contains(QStringLiteral("quantity.Restore")));
+}
+
+TEST_F(GalleryQt, shouldSetModeAndMaxLengthOfBothNumberBoxes) {
+    auto* mode = setting<QComboBox>("mode");
+    auto* maxLength = setting<QSpinBox>("maxLength");
+    ASSERT_NE(mode, nullptr);
+    ASSERT_NE(maxLength, nullptr);
+    EXPECT_EQ(mode->count(), 5);
+    mode->setCurrentIndex(3);
+    maxLength->setValue(4);
+    for (const char* name : {"amount", "quantity"}) {
+        EXPECT_EQ(getProperty(*control(name)->object(), u"Mode").toInteger(), 3) << name;
+        EXPECT_EQ(getProperty(*control(name)->object(), u"MaxLength").toInteger(), 4) << name;
+    }
+    QTest::keyClicks(editOf("amount"), QStringLiteral("-1.234567"));
+    EXPECT_EQ(value("amount"), u"1234") << "integers only, four at most";
+}
+
+TEST_F(GalleryQt, shouldCheckTheLimitsSetWithTheSwitchesWhenLeavingABox) {
+    auto* limitCheck = setting<QCheckBox>("limitCheck");
+    auto* lower = setting<QDoubleSpinBox>("lowerLimit");
+    auto* upper = setting<QDoubleSpinBox>("upperLimit");
+    ASSERT_NE(limitCheck, nullptr);
+    ASSERT_NE(lower, nullptr);
+    ASSERT_NE(upper, nullptr);
+    upper->setValue(100);
+    lower->setValue(10);
+    limitCheck->setChecked(true);
+    EXPECT_EQ(getProperty(*control("quantity")->object(), u"UpperLimit").toDouble(), 100);
+    EXPECT_EQ(getProperty(*control("quantity")->object(), u"LowerLimit").toDouble(), 10);
+    EXPECT_EQ(getProperty(*control("amount")->object(), u"LimitCheck").toBoolean().raw, -1);
+    EXPECT_EQ(lower->maximum(), 100) << "the lower limit cannot pass the upper one";
+
+    QWidget* amount = editOf("amount");
+    QWidget* quantity = editOf("quantity");
+    QTest::mouseClick(amount, Qt::LeftButton, Qt::NoModifier, amount->rect().center());
+    QTest::keyClicks(amount, QStringLiteral("500"));
+    QTest::mouseClick(quantity, Qt::LeftButton, Qt::NoModifier, quantity->rect().center());
+    EXPECT_EQ(messageBoxes, 1);
+    EXPECT_TRUE(amount->hasFocus());
+    upper->setValue(1000);
+    QTest::mouseClick(quantity, Qt::LeftButton, Qt::NoModifier, quantity->rect().center());
+    EXPECT_EQ(messageBoxes, 1);
+    EXPECT_TRUE(quantity->hasFocus());
+}
+
+TEST_F(GalleryQt, shouldSwitchTheMemoBoxScrollBars) {
+    auto* bars = setting<QComboBox>("notesScrollBars");
+    ASSERT_NE(bars, nullptr);
+    EXPECT_EQ(bars->count(), 4);
+    bars->setCurrentIndex(3);
+    EXPECT_EQ(getProperty(*control("notes")->object(), u"ScrollBars").toInteger(), 3);
+    EXPECT_TRUE(editOf("notes", "txtMemo(3)")->isVisible());
+    EXPECT_FALSE(editOf("notes", "txtMemo(0)")->isVisible());
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <memory>
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "corvex/common/control.h"
 #include "corvex/platform/site.h"
@@ -14,6 +15,7 @@
 namespace corvex::qt {
 
 class QtHost;
+class QtWidget;
 
 /// The arguments of one raised event, as a Qt handler sees them. It refers to the
 /// control's own argument values: a by-reference argument changed here (KeyAscii set to
@@ -47,6 +49,8 @@ public:
     bool setValue(const QString& name, const QVariant& value);
     /// Argument i as the core value itself (unchecked index).
     Variant& variant(int i) { return values_[static_cast<std::size_t>(i)]; }
+    /// All the arguments as the core values themselves.
+    std::span<Variant> variants() const { return values_; }
     /// The event as text for logs: "KeyPress(KeyAscii=97)".
     QString toString() const;
 
@@ -89,6 +93,10 @@ public:
     QtHost& host() const;
     /// The inner Qt widget whose object name is name (the widget's design name), or null.
     QWidget* innerWidget(const QString& name) const;
+    /// The inner widgets the control made and still has, as it sees them, in creation order.
+    std::vector<QtWidget*> innerWidgets() const;
+    /// The inner widget with design name name and array index index (-1: none), or null.
+    QtWidget* findInnerWidget(std::u16string_view name, std::int16_t index = -1) const;
 
     /// Sets the surface's scale mode (Twips by default).
     void setScaleMode(ScaleMode mode);
@@ -139,6 +147,9 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
+    friend class QtWidget;
+    void widgetMade(QtWidget* widget);
+    void widgetGone(QtWidget* widget);
     struct Private;
     std::unique_ptr<Private> d;
 };

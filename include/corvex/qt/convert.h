@@ -49,4 +49,17 @@ std::int16_t shiftBits(Qt::KeyboardModifiers modifiers);
 /// The host's button number (1 left, 2 right, 4 middle) of Qt mouse buttons, or-ed.
 std::int16_t mouseButtons(Qt::MouseButtons buttons);
 
+/// How an input-method mode (the library's CorvexIMEMode value) steers Qt's input method.
+struct InputMethodSetting {
+    /// Qt::WA_InputMethodEnabled: false only where the mode forbids the input method.
+    bool enabled = true;
+    /// The hints added to the widget's own (Qt::ImhPreferLatin, Qt::ImhLatinOnly).
+    Qt::InputMethodHints hints = Qt::ImhNone;
+};
+/// The Qt setting of an input-method mode: IMEDisable (3) turns the input method off;
+/// IMEOFF (2) and IMEAlphaFull (7) prefer Latin input, IMEAlpha (8) allows Latin only;
+/// IMENone, IMEON and the kana modes (Qt has no hint for them), and values outside 0 to 8,
+/// leave Qt's input method as it is.
+InputMethodSetting inputMethodSetting(std::int16_t imeMode);
+
 }  // namespace corvex::qt
