@@ -324,6 +324,24 @@ TEST_P(NumInputBoxTest, shouldShare3001BetweenBothLimits) {
     EXPECT_EQ(n.upperLimit(), 10);
 }
 
+TEST_P(NumInputBoxTest, shouldWordTheLimitRefusalsInJapanese) {
+    h->setLocaleId(1041);
+    NumericInputBox& n = add();
+    n.setUpperLimit(10);
+    try {
+        n.setLowerLimit(11);
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.description(), u"このプロパティにはUpperLimit以下の数値を入力して下さい");
+    }
+    h->setUserMode(false);
+    n.setUpperLimit(-5);
+    ASSERT_EQ(h->messageBoxes().size(), 1u) << "at design time a message instead of an error";
+    EXPECT_EQ(h->messageBoxes()[0].text, u"このプロパティにはLowerLimit以上の数値を入力して下さい");
+    EXPECT_EQ(h->messageBoxes()[0].title, u"警告!!");
+    EXPECT_EQ(n.upperLimit(), 10);
+}
+
 TEST_P(NumInputBoxTest, shouldNeedTheUpperLimitRaisedFirst) {
     NumericInputBox& n = add();
     EXPECT_THROW(n.setLowerLimit(100), Error) << "above the current upper limit 0";
