@@ -662,9 +662,38 @@ struct QtTextBox::Editor {
     virtual void selectAll() = 0;
 };
 
-class QtTextBox::LineEditor : public QtTextBox::Editor {
+// What both Qt editors do alike, forwarded to whichever of them the box holds.
+template <class W>
+class QtTextBox::ForwardingEditor : public QtTextBox::Editor {
 public:
-    explicit LineEditor(QLineEdit* edit) : e_(edit) {}
+    explicit ForwardingEditor(W* edit) : e_(edit) {}
+    bool readOnly() const override { return e_ && e_->isReadOnly(); }
+    void setReadOnly(bool v) override {
+        if (e_) e_->setReadOnly(v);
+    }
+    void undo() override {
+        if (e_) e_->undo();
+    }
+    void redo() override {
+        if (e_) e_->redo();
+    }
+    void cut() override {
+        if (e_) e_->cut();
+    }
+    void copy() override {
+        if (e_) e_->copy();
+    }
+    void selectAll() override {
+        if (e_) e_->selectAll();
+    }
+
+protected:
+    QPointer<W> e_;
+};
+
+class QtTextBox::LineEditor : public ForwardingEditor<QLineEdit> {
+public:
+    explicit LineEditor(QLineEdit* edit) : ForwardingEditor(edit) {}
     QString text() const override { return e_ ? e_->text() : QString(); }
     void setText(const QString& text) override {
         if (e_) e_->setText(text);
@@ -697,35 +726,13 @@ public:
     void backspace() override {
         if (e_) e_->backspace();
     }
-    bool readOnly() const override { return e_ && e_->isReadOnly(); }
-    void setReadOnly(bool v) override {
-        if (e_) e_->setReadOnly(v);
-    }
     bool undoAvailable() const override { return e_ && e_->isUndoAvailable(); }
     bool redoAvailable() const override { return e_ && e_->isRedoAvailable(); }
-    void undo() override {
-        if (e_) e_->undo();
-    }
-    void redo() override {
-        if (e_) e_->redo();
-    }
-    void cut() override {
-        if (e_) e_->cut();
-    }
-    void copy() override {
-        if (e_) e_->copy();
-    }
-    void selectAll() override {
-        if (e_) e_->selectAll();
-    }
-
-private:
-    QPointer<QLineEdit> e_;
 };
 
-class QtTextBox::PlainEditor : public QtTextBox::Editor {
+class QtTextBox::PlainEditor : public ForwardingEditor<QPlainTextEdit> {
 public:
-    explicit PlainEditor(QPlainTextEdit* edit) : e_(edit) {}
+    explicit PlainEditor(QPlainTextEdit* edit) : ForwardingEditor(edit) {}
     QString text() const override {
         // Block by block: toPlainText() would turn no-break spaces into spaces.
         QString out;
@@ -767,30 +774,8 @@ public:
         }
         e_->setTextCursor(c);
     }
-    bool readOnly() const override { return e_ && e_->isReadOnly(); }
-    void setReadOnly(bool v) override {
-        if (e_) e_->setReadOnly(v);
-    }
     bool undoAvailable() const override { return e_ && e_->document()->isUndoAvailable(); }
     bool redoAvailable() const override { return e_ && e_->document()->isRedoAvailable(); }
-    void undo() override {
-        if (e_) e_->undo();
-    }
-    void redo() override {
-        if (e_) e_->redo();
-    }
-    void cut() override {
-        if (e_) e_->cut();
-    }
-    void copy() override {
-        if (e_) e_->copy();
-    }
-    void selectAll() override {
-        if (e_) e_->selectAll();
-    }
-
-private:
-    QPointer<QPlainTextEdit> e_;
 };
 
 namespace {

@@ -232,6 +232,8 @@ private:
     friend class LengthLimit;
     friend class MemoEdit;
     struct Editor;
+    template <class W>
+    class ForwardingEditor;
     class LineEditor;
     class PlainEditor;
     void typeCharacter(char16_t ch);
