@@ -487,7 +487,7 @@ TEST_P(NumInputBoxTest, shouldRoundTripEverySavedProperty) {
     EXPECT_EQ(b.normalBackColor(), 1);
 }
 
-TEST_P(NumInputBoxTest, shouldSignalFontAsItLoadsAndTextAfterwards) {
+TEST_P(NumInputBoxTest, shouldSignalFontAsItLoadsThroughTheFontProperty) {
     FontDesc f;
     f.name = u"Serif";
     f.size = 11;
