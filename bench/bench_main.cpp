@@ -20,9 +20,7 @@ public:
         : console_(isatty(STDOUT_FILENO) ? benchmark::ConsoleReporter::OO_ColorTabular
                                          : benchmark::ConsoleReporter::OO_Tabular) {}
 
-    bool ReportContext(const Context& context) override {
-        return console_.ReportContext(context);
-    }
+    bool ReportContext(const Context& context) override { return console_.ReportContext(context); }
 
     void ReportRuns(const std::vector<Run>& runs) override {
         console_.ReportRuns(runs);

@@ -16,9 +16,8 @@ namespace {
 // What users type into numeric boxes of business forms, including mistakes.
 const std::vector<std::u16string>& entries() {
     static const std::vector<std::u16string> e = {
-        u"12",     u"-0.5",   u"1.5e-3", u"1980",    u"99.99",  u"-1234567.25", u"0.000001",
-        u"3.14159", u"1e20",  u"12abc",  u"1.2.3",   u".5",     u"-.25",        u"100000",
-        u"2e-",     u"7",
+        u"12",   u"-0.5",  u"1.5e-3", u"1980", u"99.99", u"-1234567.25", u"0.000001", u"3.14159",
+        u"1e20", u"12abc", u"1.2.3",  u".5",   u"-.25",  u"100000",      u"2e-",      u"7",
     };
     return e;
 }

@@ -19,7 +19,8 @@ bool same(const corvex::FormDocument& a, const corvex::FormDocument& b) {
     for (std::size_t i = 0; i < a.controls.size(); ++i) {
         const corvex::SavedControl& x = a.controls[i];
         const corvex::SavedControl& y = b.controls[i];
-        if (x.className != y.className || x.name != y.name || x.properties.size() != y.properties.size()) {
+        if (x.className != y.className || x.name != y.name ||
+            x.properties.size() != y.properties.size()) {
             return false;
         }
         for (std::size_t k = 0; k < x.properties.size(); ++k) {

@@ -46,7 +46,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const std::size_t before = txt->text().size();
         const std::int32_t max = txt->maxLength();
         switch (in.byte() % 7) {
-            case 0: txt->type(interestingChar(in)); break;
+            case 0:
+                txt->type(interestingChar(in));
+                break;
             case 1:
                 txt->setSelStart(in.byte() % 12);
                 txt->setSelLength(in.byte() % 12);
@@ -58,7 +60,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 txt->pressKey('V', key::CtrlMask);
                 break;
             }
-            case 3: txt->pressKey(in.byte() % 2 ? 'X' : 'C', key::CtrlMask); break;
+            case 3:
+                txt->pressKey(in.byte() % 2 ? 'X' : 'C', key::CtrlMask);
+                break;
             case 4: {
                 const std::u16string typed = txt->text();
                 const bool ok = box.validateValue();
@@ -93,7 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         if (max > 0 && static_cast<std::int32_t>(before) <= max) {
             check(static_cast<std::int32_t>(txt->text().size()) <= max);
         }
-        check(txt->selStart() >= 0 && txt->selStart() <= static_cast<std::int32_t>(txt->text().size()));
+        check(txt->selStart() >= 0 &&
+              txt->selStart() <= static_cast<std::int32_t>(txt->text().size()));
     }
     return 0;
 }

@@ -52,8 +52,7 @@ void check(std::u16string_view text) {
     // still be written without trouble.
     const float single = static_cast<float>(p.value);
     const std::u16string singleText = corvex::formatSingle(single);
-    if (std::isfinite(single) &&
-        corvex::parseDouble(singleText).status != ParseStatus::Ok) {
+    if (std::isfinite(single) && corvex::parseDouble(singleText).status != ParseStatus::Ok) {
         std::abort();
     }
 }

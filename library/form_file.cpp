@@ -22,9 +22,13 @@ constexpr std::size_t kMaxLineBytes = 1u << 20;
 constexpr std::string_view kHeaderWord = "CorvexForm";
 constexpr std::string_view kVersion = "1";
 
-[[noreturn]] void fail(int line, const std::string& message) { throw FormFileError(line, message); }
+[[noreturn]] void fail(int line, const std::string& message) {
+    throw FormFileError(line, message);
+}
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 bool isNameChar(char c) {
     return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
 }
@@ -57,12 +61,15 @@ public:
         skipBlanks();
         const std::string_view t = token();
         if (t.empty()) fail(number_, std::string("missing ") + what);
-        if (!isName(t)) fail(number_, std::string("bad ") + what + " \"" + shorten(t) + "\": use letters, digits and underscores");
+        if (!isName(t))
+            fail(number_, std::string("bad ") + what + " \"" + shorten(t) +
+                              "\": use letters, digits and underscores");
         return t;
     }
     void expect(char c, const std::string& context) {
         skipBlanks();
-        if (atEnd() || text_[pos_] != c) fail(number_, std::string("expected ") + c + " " + context);
+        if (atEnd() || text_[pos_] != c)
+            fail(number_, std::string("expected ") + c + " " + context);
         ++pos_;
     }
     std::u16string quoted() {
@@ -76,7 +83,9 @@ public:
     // Nothing but blanks may follow.
     void expectEnd() {
         skipBlanks();
-        if (!atEnd()) fail(number_, "unexpected text \"" + shorten(text_.substr(pos_)) + "\" at the end of the line");
+        if (!atEnd())
+            fail(number_,
+                 "unexpected text \"" + shorten(text_.substr(pos_)) + "\" at the end of the line");
     }
     // A blank must separate what was read from what follows, unless the line ends.
     void expectSeparator() {
@@ -148,7 +157,8 @@ std::string writeFloat(F value) {
     const auto bits = std::bit_cast<typename T::Bits>(value);
     if (value != value) {
         if (bits == T::canonicalNan) return "nan";
-        if (bits == (T::canonicalNan | (typename T::Bits{1} << (T::hexDigits * 4 - 1)))) return "-nan";
+        if (bits == (T::canonicalNan | (typename T::Bits{1} << (T::hexDigits * 4 - 1))))
+            return "-nan";
         char buf[32];
         const auto r = std::to_chars(buf, buf + sizeof buf, bits, 16);
         std::string hex(buf, r.ptr);
@@ -159,7 +169,9 @@ std::string writeFloat(F value) {
     return std::string(buf, r.ptr);
 }
 
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 // -?D+(.D+)?([eE][+-]?D+)?
 bool isDecimalShape(std::string_view t) {
@@ -186,7 +198,9 @@ bool isDecimalShape(std::string_view t) {
 template <class F>
 F parseFloatToken(std::string_view t, int line, const char* kind) {
     using T = FloatBits<F>;
-    const auto bad = [&]() { fail(line, std::string("bad ") + kind + " value: " + LineReader::shorten(t)); };
+    const auto bad = [&]() {
+        fail(line, std::string("bad ") + kind + " value: " + LineReader::shorten(t));
+    };
     if (t == "nan") return std::bit_cast<F>(T::canonicalNan);
     if (t == "-nan") {
         return std::bit_cast<F>(T::canonicalNan | (typename T::Bits{1} << (T::hexDigits * 4 - 1)));
@@ -197,9 +211,11 @@ F parseFloatToken(std::string_view t, int line, const char* kind) {
         const std::string_view hex = t.substr(6, t.size() - 7);
         typename T::Bits bits = 0;
         const auto [end, ec] = std::from_chars(hex.data(), hex.data() + hex.size(), bits, 16);
-        if (hex.size() != T::hexDigits || ec != std::errc() || end != hex.data() + hex.size()) bad();
+        if (hex.size() != T::hexDigits || ec != std::errc() || end != hex.data() + hex.size())
+            bad();
         if ((bits & T::exponentMask) != T::exponentMask || (bits & T::mantissaMask) == 0) {
-            fail(line, std::string("nan(0x...) must hold the bits of a NaN: ") + LineReader::shorten(t));
+            fail(line,
+                 std::string("nan(0x...) must hold the bits of a NaN: ") + LineReader::shorten(t));
         }
         return std::bit_cast<F>(bits);
     }
@@ -234,8 +250,8 @@ bool readTrueFalse(LineReader& r, const char* what) {
 Variant readFont(LineReader& r) {
     FontDesc f;
     bool seen[8] = {};
-    static constexpr std::string_view fields[8] = {"Name",          "Size",   "Bold",   "Italic",
-                                                   "Underline",     "Strikethrough", "Weight", "Charset"};
+    static constexpr std::string_view fields[8] = {
+        "Name", "Size", "Bold", "Italic", "Underline", "Strikethrough", "Weight", "Charset"};
     for (;;) {
         r.skipBlanks();
         if (r.atEnd()) break;
@@ -250,14 +266,30 @@ Variant readFont(LineReader& r) {
         seen[k] = true;
         r.expect('=', "after font field " + std::string(field));
         switch (k) {
-            case 0: f.name = r.quoted(); break;
-            case 1: f.size = readFloat<double>(r, "font Size"); break;
-            case 2: f.bold = readTrueFalse(r, "font Bold"); break;
-            case 3: f.italic = readTrueFalse(r, "font Italic"); break;
-            case 4: f.underline = readTrueFalse(r, "font Underline"); break;
-            case 5: f.strikethrough = readTrueFalse(r, "font Strikethrough"); break;
-            case 6: f.weight = readInteger<std::int16_t>(r, "font Weight"); break;
-            default: f.charset = readInteger<std::int16_t>(r, "font Charset"); break;
+            case 0:
+                f.name = r.quoted();
+                break;
+            case 1:
+                f.size = readFloat<double>(r, "font Size");
+                break;
+            case 2:
+                f.bold = readTrueFalse(r, "font Bold");
+                break;
+            case 3:
+                f.italic = readTrueFalse(r, "font Italic");
+                break;
+            case 4:
+                f.underline = readTrueFalse(r, "font Underline");
+                break;
+            case 5:
+                f.strikethrough = readTrueFalse(r, "font Strikethrough");
+                break;
+            case 6:
+                f.weight = readInteger<std::int16_t>(r, "font Weight");
+                break;
+            default:
+                f.charset = readInteger<std::int16_t>(r, "font Charset");
+                break;
         }
         r.expectSeparator();
     }
@@ -269,7 +301,10 @@ Variant readFont(LineReader& r) {
 Variant readValue(LineReader& r) {
     r.skipBlanks();
     const std::string_view type = r.word();
-    if (type.empty()) fail(r.number(), "missing type word (Empty, Boolean, Integer, Long, Single, Double, String, Font or Nothing)");
+    if (type.empty())
+        fail(r.number(),
+             "missing type word (Empty, Boolean, Integer, Long, Single, Double, String, Font or "
+             "Nothing)");
     r.expectSeparator();
     Variant v;
     if (type == "Empty") {
@@ -308,18 +343,30 @@ Variant readValue(LineReader& r) {
 
 void writeValue(std::string& out, const Variant& v, int line) {
     switch (v.type()) {
-        case VarType::Empty: out += "Empty"; return;
+        case VarType::Empty:
+            out += "Empty";
+            return;
         case VarType::Boolean: {
             const Boolean b = v.asBoolean();
             out += "Boolean ";
             out += b.isTrue() ? "True" : b.isFalse() ? "False" : std::to_string(b.raw);
             return;
         }
-        case VarType::Integer: out += "Integer " + std::to_string(v.asInteger()); return;
-        case VarType::Long: out += "Long " + std::to_string(v.asLong()); return;
-        case VarType::Single: out += "Single " + writeFloat(v.asSingle()); return;
-        case VarType::Double: out += "Double " + writeFloat(v.asDouble()); return;
-        case VarType::String: out += "String " + quoteString(v.asString()); return;
+        case VarType::Integer:
+            out += "Integer " + std::to_string(v.asInteger());
+            return;
+        case VarType::Long:
+            out += "Long " + std::to_string(v.asLong());
+            return;
+        case VarType::Single:
+            out += "Single " + writeFloat(v.asSingle());
+            return;
+        case VarType::Double:
+            out += "Double " + writeFloat(v.asDouble());
+            return;
+        case VarType::String:
+            out += "String " + quoteString(v.asString());
+            return;
         case VarType::Object: {
             const ObjectRef& o = v.asObject();
             if (!o) {
@@ -408,7 +455,8 @@ FormDocument parseFormFile(std::string_view utf8) {
                 r.skipBlanks();
                 const std::string_view version = r.token();
                 if (version != kVersion) {
-                    fail(line.number, "unsupported form file version \"" + LineReader::shorten(version) +
+                    fail(line.number, "unsupported form file version \"" +
+                                          LineReader::shorten(version) +
                                           "\" (this reader knows version 1)");
                 }
                 r.expectEnd();
@@ -455,7 +503,8 @@ FormDocument parseFormFile(std::string_view utf8) {
                     doc.caption = r.quoted();
                     r.expectEnd();
                 } else if (word.empty()) {
-                    fail(line.number, "expected \"Begin CLASS NAME\", \"Caption = ...\" or \"End\"");
+                    fail(line.number,
+                         "expected \"Begin CLASS NAME\", \"Caption = ...\" or \"End\"");
                 } else {
                     fail(line.number, "unknown form entry \"" + LineReader::shorten(word) +
                                           "\" (a form holds Caption and controls)");
@@ -488,7 +537,8 @@ FormDocument parseFormFile(std::string_view utf8) {
                 const std::u16string name = fromUtf8(word);
                 for (const auto& e : c.properties) {
                     if (equalsIgnoringCase(e.first, name)) {
-                        fail(line.number, "duplicate property " + std::string(word) + " in " + toUtf8(c.name));
+                        fail(line.number,
+                             "duplicate property " + std::string(word) + " in " + toUtf8(c.name));
                     }
                 }
                 c.properties.emplace_back(name, readValue(p));
@@ -500,13 +550,17 @@ FormDocument parseFormFile(std::string_view utf8) {
     }
 
     switch (state) {
-        case State::Header: fail(lastLine, "empty form file: expected the header \"CorvexForm 1\"");
-        case State::FormBegin: fail(lastLine, "missing \"Begin Form NAME\"");
-        case State::InForm: fail(formLine, "Begin Form " + toUtf8(doc.name) + " has no End");
+        case State::Header:
+            fail(lastLine, "empty form file: expected the header \"CorvexForm 1\"");
+        case State::FormBegin:
+            fail(lastLine, "missing \"Begin Form NAME\"");
+        case State::InForm:
+            fail(formLine, "Begin Form " + toUtf8(doc.name) + " has no End");
         case State::InControl:
             fail(controlLine, "Begin " + toUtf8(doc.controls.back().className) + " " +
                                   toUtf8(doc.controls.back().name) + " has no End");
-        case State::Done: break;
+        case State::Done:
+            break;
     }
     return doc;
 }
@@ -517,7 +571,8 @@ std::string writeFormFile(const FormDocument& form) {
     std::size_t lineStart = 0;
     const auto endLine = [&]() {
         if (out.size() - lineStart > kMaxLineBytes) {
-            fail(line, "cannot write a line longer than " + std::to_string(kMaxLineBytes) + " bytes");
+            fail(line,
+                 "cannot write a line longer than " + std::to_string(kMaxLineBytes) + " bytes");
         }
         out += '\n';
         lineStart = out.size();
@@ -552,14 +607,16 @@ std::string writeFormFile(const FormDocument& form) {
                 fail(line, "cannot write two controls named " + toUtf8(c.name));
             }
         }
-        out += "  Begin " + checkName(c.className, "class name") + " " + checkName(c.name, "control name");
+        out += "  Begin " + checkName(c.className, "class name") + " " +
+               checkName(c.name, "control name");
         endLine();
         for (std::size_t k = 0; k < c.properties.size(); ++k) {
             const auto& [name, value] = c.properties[k];
             begin();
             for (std::size_t j = 0; j < k; ++j) {
                 if (equalsIgnoringCase(c.properties[j].first, name)) {
-                    fail(line, "cannot write property " + toUtf8(name) + " twice in " + toUtf8(c.name));
+                    fail(line,
+                         "cannot write property " + toUtf8(name) + " twice in " + toUtf8(c.name));
                 }
             }
             out += "    " + checkName(name, "property name") + " = ";

@@ -12,11 +12,19 @@ namespace corvex {
 
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
-bool isDigit(char c) { return c >= '0' && c <= '9'; }
-bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
+bool isDigit(char c) {
+    return c >= '0' && c <= '9';
+}
+bool isLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
 
-char lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c; }
+char lower(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c;
+}
 
 bool equalsWord(std::string_view text, std::string_view word) {
     if (text.size() != word.size()) return false;
@@ -44,8 +52,12 @@ std::string hex4(char16_t unit) {
     return out;
 }
 
-bool isHighSurrogate(char16_t c) { return c >= 0xD800 && c <= 0xDBFF; }
-bool isLowSurrogate(char16_t c) { return c >= 0xDC00 && c <= 0xDFFF; }
+bool isHighSurrogate(char16_t c) {
+    return c >= 0xD800 && c <= 0xDBFF;
+}
+bool isLowSurrogate(char16_t c) {
+    return c >= 0xDC00 && c <= 0xDFFF;
+}
 
 // Decodes one UTF-8 sequence at text[pos] strictly (no overlong forms, no surrogates,
 // nothing past U+10FFFF); returns its length, 0 when the bytes are not UTF-8.
@@ -193,7 +205,8 @@ bool fontFlag(const Variant& v, const char* what) {
 
 std::int16_t fontShort(const Variant& v, const char* what) {
     if (v.type() == VarType::Integer) return v.asInteger();
-    throw LiteralError(std::string("a font's ") + what + " must be an integer from -32768 to 32767");
+    throw LiteralError(std::string("a font's ") + what +
+                       " must be an integer from -32768 to 32767");
 }
 
 Variant parseFont(std::string_view token) {
@@ -227,7 +240,9 @@ Variant parseFont(std::string_view token) {
     return Variant(ObjectRef(Font::make(std::move(f))));
 }
 
-const char* boolWord(bool b) { return b ? "True" : "False"; }
+const char* boolWord(bool b) {
+    return b ? "True" : "False";
+}
 
 }  // namespace
 
@@ -249,13 +264,26 @@ std::string quoteString(std::u16string_view text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char16_t c = text[i];
         switch (c) {
-            case u'"': out += "\\\""; continue;
-            case u'\\': out += "\\\\"; continue;
-            case u'\r': out += "\\r"; continue;
-            case u'\n': out += "\\n"; continue;
-            case u'\t': out += "\\t"; continue;
-            case u'\0': out += "\\0"; continue;
-            default: break;
+            case u'"':
+                out += "\\\"";
+                continue;
+            case u'\\':
+                out += "\\\\";
+                continue;
+            case u'\r':
+                out += "\\r";
+                continue;
+            case u'\n':
+                out += "\\n";
+                continue;
+            case u'\t':
+                out += "\\t";
+                continue;
+            case u'\0':
+                out += "\\0";
+                continue;
+            default:
+                break;
         }
         if (c < 0x20 || c == 0x7F) {
             out += hex4(c);
@@ -288,12 +316,24 @@ std::u16string readQuoted(std::string_view text, std::size_t& pos) {
             const char e = text[i + 1];
             i += 2;
             switch (e) {
-                case '"': out += u'"'; break;
-                case '\\': out += u'\\'; break;
-                case 'r': out += u'\r'; break;
-                case 'n': out += u'\n'; break;
-                case 't': out += u'\t'; break;
-                case '0': out += u'\0'; break;
+                case '"':
+                    out += u'"';
+                    break;
+                case '\\':
+                    out += u'\\';
+                    break;
+                case 'r':
+                    out += u'\r';
+                    break;
+                case 'n':
+                    out += u'\n';
+                    break;
+                case 't':
+                    out += u'\t';
+                    break;
+                case '0':
+                    out += u'\0';
+                    break;
                 case 'u': {
                     unsigned unit = 0;
                     for (int k = 0; k < 4; ++k) {
@@ -307,7 +347,8 @@ std::u16string readQuoted(std::string_view text, std::size_t& pos) {
                 }
                 default: {
                     std::string shown(1, e);
-                    if (static_cast<unsigned char>(e) < 0x20 || static_cast<unsigned char>(e) >= 0x7F) {
+                    if (static_cast<unsigned char>(e) < 0x20 ||
+                        static_cast<unsigned char>(e) >= 0x7F) {
                         shown = "a non-printing character";
                     }
                     throw LiteralError("unknown escape \\" + shown + " in a string");
@@ -338,7 +379,8 @@ std::size_t literalTokenLength(std::string_view text) {
             if (i >= text.size()) throw LiteralError("Font( is not closed by )");
             if (text[i] == '"') {
                 i = quotedEnd(text, i);
-                if (i == std::string_view::npos) throw LiteralError("unterminated string in a font");
+                if (i == std::string_view::npos)
+                    throw LiteralError("unterminated string in a font");
             } else if (text[i++] == ')') {
                 break;
             }
@@ -374,18 +416,24 @@ std::string formatFont(const FontDesc& f) {
 
 std::string formatValue(const Variant& v) {
     switch (v.type()) {
-        case VarType::Empty: return "Empty";
+        case VarType::Empty:
+            return "Empty";
         case VarType::Boolean: {
             const Boolean b = v.asBoolean();
             if (b.isTrue()) return "True";
             if (b.isFalse()) return "False";
             return std::to_string(b.raw);
         }
-        case VarType::Integer: return std::to_string(v.asInteger());
-        case VarType::Long: return std::to_string(v.asLong());
-        case VarType::Single: return toUtf8(formatSingle(v.asSingle()));
-        case VarType::Double: return toUtf8(formatDouble(v.asDouble()));
-        case VarType::String: return quoteString(v.asString());
+        case VarType::Integer:
+            return std::to_string(v.asInteger());
+        case VarType::Long:
+            return std::to_string(v.asLong());
+        case VarType::Single:
+            return toUtf8(formatSingle(v.asSingle()));
+        case VarType::Double:
+            return toUtf8(formatDouble(v.asDouble()));
+        case VarType::String:
+            return quoteString(v.asString());
         case VarType::Object: {
             const ObjectRef& o = v.asObject();
             if (!o) return "Nothing";
@@ -396,22 +444,29 @@ std::string formatValue(const Variant& v) {
     return "Empty";
 }
 
-std::string typeWord(VarType type) { return toUtf8(typeName(type)); }
+std::string typeWord(VarType type) {
+    return toUtf8(typeName(type));
+}
 
 bool identicalValues(const Variant& a, const Variant& b) {
     if (a.type() != b.type()) return false;
     switch (a.type()) {
-        case VarType::Empty: return true;
-        case VarType::Boolean: return a.asBoolean().raw == b.asBoolean().raw;
-        case VarType::Integer: return a.asInteger() == b.asInteger();
-        case VarType::Long: return a.asLong() == b.asLong();
+        case VarType::Empty:
+            return true;
+        case VarType::Boolean:
+            return a.asBoolean().raw == b.asBoolean().raw;
+        case VarType::Integer:
+            return a.asInteger() == b.asInteger();
+        case VarType::Long:
+            return a.asLong() == b.asLong();
         case VarType::Single:
             return std::bit_cast<std::uint32_t>(a.asSingle()) ==
                    std::bit_cast<std::uint32_t>(b.asSingle());
         case VarType::Double:
             return std::bit_cast<std::uint64_t>(a.asDouble()) ==
                    std::bit_cast<std::uint64_t>(b.asDouble());
-        case VarType::String: return a.asString() == b.asString();
+        case VarType::String:
+            return a.asString() == b.asString();
         case VarType::Object: {
             const ObjectRef& x = a.asObject();
             const ObjectRef& y = b.asObject();

@@ -1,7 +1,8 @@
 // BooleanBox behaviour, run on every host the test program offers.
+#include "corvex/common/boolean_box.h"
+
 #include <gtest/gtest.h>
 
-#include "corvex/common/boolean_box.h"
 #include "corvex/library/memory_bag.h"
 #include "support/harness.h"
 
@@ -189,10 +190,9 @@ TEST_P(BooleanBoxTest, shouldSignalEachPropertyUnderItsOwnName) {
     b.setKeyName(u"k");
     b.setSectionName(u"s");
     b.setAlwaysFalseWhenNotEnabled(true);
-    EXPECT_EQ(h->changes(u"b"),
-              (std::vector<std::u16string>{u"BackColor", u"Caption", u"Enabled", u"Font",
-                                           u"ForeColor", u"KeyName", u"SectionName",
-                                           u"AlwaysFalseWhenNotEnabled"}));
+    EXPECT_EQ(h->changes(u"b"), (std::vector<std::u16string>{
+                                    u"BackColor", u"Caption", u"Enabled", u"Font", u"ForeColor",
+                                    u"KeyName", u"SectionName", u"AlwaysFalseWhenNotEnabled"}));
 }
 
 TEST_P(BooleanBoxTest, shouldKeepWidgetPropertiesInTheCheckBox) {

@@ -19,22 +19,28 @@ std::vector<std::u16string> memberNames(const ClassInfo& c) {
 
 TEST(ControlContract, shouldListBooleanBoxMembersInInterfaceOrder) {
     EXPECT_EQ(memberNames(BooleanBox::staticClassInfo()),
-              (std::vector<std::u16string>{u"Cls", u"Refresh", u"Restore", u"RestoreDefault",
-                                           u"Store", u"BackColor", u"Caption", u"DefaultValue",
-                                           u"Enabled", u"Font", u"ForeColor", u"KeyName",
-                                           u"SectionName", u"Value",
-                                           u"AlwaysFalseWhenNotEnabled"}));
+              (std::vector<std::u16string>{
+                  u"Cls", u"Refresh", u"Restore", u"RestoreDefault", u"Store", u"BackColor",
+                  u"Caption", u"DefaultValue", u"Enabled", u"Font", u"ForeColor", u"KeyName",
+                  u"SectionName", u"Value", u"AlwaysFalseWhenNotEnabled"}));
 }
 
 TEST(ControlContract, shouldNumberDblClickBeforeClickInBooleanBoxEvents) {
     const ClassInfo& c = BooleanBox::staticClassInfo();
     std::vector<std::pair<std::u16string, int>> got;
     for (const auto& e : c.events()) got.emplace_back(e.name, e.dispId);
-    EXPECT_EQ(got, (std::vector<std::pair<std::u16string, int>>{
-                       {u"DblClick", 1}, {u"Click", 2}, {u"KeyDown", 3}, {u"KeyPress", 4},
-                       {u"KeyUp", 5}, {u"MouseDown", 6}, {u"MouseMove", 7}, {u"MouseUp", 8},
-                       {u"Resize", 9}, {u"InitProperties", 10}, {u"ReadProperties", 11},
-                       {u"WriteProperties", 12}}));
+    EXPECT_EQ(got, (std::vector<std::pair<std::u16string, int>>{{u"DblClick", 1},
+                                                                {u"Click", 2},
+                                                                {u"KeyDown", 3},
+                                                                {u"KeyPress", 4},
+                                                                {u"KeyUp", 5},
+                                                                {u"MouseDown", 6},
+                                                                {u"MouseMove", 7},
+                                                                {u"MouseUp", 8},
+                                                                {u"Resize", 9},
+                                                                {u"InitProperties", 10},
+                                                                {u"ReadProperties", 11},
+                                                                {u"WriteProperties", 12}}));
 }
 
 TEST(ControlContract, shouldDeclareLifecycleEventsThatAreNeverRaised) {

@@ -1,5 +1,7 @@
 // Form files: exact round trips of every value kind, line-numbered errors for malformed
 // input, and headless forms saved and loaded through the file.
+#include "corvex/library/form_file.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,7 +13,6 @@
 #include "corvex/common/font.h"
 #include "corvex/common/text.h"
 #include "corvex/headless/form_loader.h"
-#include "corvex/library/form_file.h"
 #include "corvex/library/literals.h"
 
 using namespace corvex;
@@ -36,7 +37,9 @@ void expectSameDocument(const FormDocument& a, const FormDocument& b) {
     }
 }
 
-FormDocument roundTrip(const FormDocument& doc) { return parseFormFile(writeFormFile(doc)); }
+FormDocument roundTrip(const FormDocument& doc) {
+    return parseFormFile(writeFormFile(doc));
+}
 
 FormDocument oneControl(std::vector<MemoryBag::Entry> entries) {
     FormDocument doc;
@@ -51,7 +54,8 @@ int errorLine(std::string_view text) {
     try {
         parseFormFile(text);
     } catch (const FormFileError& e) {
-        EXPECT_NE(std::string(e.what()).find("line " + std::to_string(e.line()) + ": "), std::string::npos)
+        EXPECT_NE(std::string(e.what()).find("line " + std::to_string(e.line()) + ": "),
+                  std::string::npos)
             << "the message names the line";
         return e.line();
     }
@@ -60,7 +64,9 @@ int errorLine(std::string_view text) {
 
 const std::string kHead = "CorvexForm 1\nBegin Form f\n";
 
-ObjectRef font(FontDesc d) { return Font::make(std::move(d)); }
+ObjectRef font(FontDesc d) {
+    return Font::make(std::move(d));
+}
 
 TEST(FormFileTest, shouldWriteTheDocumentedLayout) {
     FontDesc f;
@@ -107,32 +113,59 @@ TEST(FormFileTest, shouldRoundTripStringsWithEveryCharacterKind) {
     });
     doc.caption = u"Caption with \"quotes\" and\r\nbreaks 日本";
     const std::string text = writeFormFile(doc);
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 16) << "one line per entry, whatever it holds";
+    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 16)
+        << "one line per entry, whatever it holds";
     expectSameDocument(parseFormFile(text), doc);
 }
 
 TEST(FormFileTest, shouldRoundTripDoublesBitForBit) {
     using L = std::numeric_limits<double>;
-    const double values[] = {0.0,        -0.0,        0.1,         1.0 / 3,     1e20,
-                             -3.25e-2,   L::max(),    L::lowest(), L::min(),    L::denorm_min(),
-                             -L::denorm_min(), L::infinity(), -L::infinity(), L::quiet_NaN(),
-                             -L::quiet_NaN(), L::signaling_NaN(),
+    const double values[] = {0.0,
+                             -0.0,
+                             0.1,
+                             1.0 / 3,
+                             1e20,
+                             -3.25e-2,
+                             L::max(),
+                             L::lowest(),
+                             L::min(),
+                             L::denorm_min(),
+                             -L::denorm_min(),
+                             L::infinity(),
+                             -L::infinity(),
+                             L::quiet_NaN(),
+                             -L::quiet_NaN(),
+                             L::signaling_NaN(),
                              std::bit_cast<double>(0xFFF0000000000123ull),
-                             std::bit_cast<double>(0x7FFFFFFFFFFFFFFFull), 123456789012345678.0};
+                             std::bit_cast<double>(0x7FFFFFFFFFFFFFFFull),
+                             123456789012345678.0};
     std::vector<MemoryBag::Entry> entries;
-    for (double d : values) entries.emplace_back(u"D" + fromUtf8(std::to_string(entries.size())), Variant(d));
+    for (double d : values)
+        entries.emplace_back(u"D" + fromUtf8(std::to_string(entries.size())), Variant(d));
     const FormDocument doc = oneControl(entries);
     expectSameDocument(roundTrip(doc), doc);
 }
 
 TEST(FormFileTest, shouldRoundTripSinglesBitForBit) {
     using L = std::numeric_limits<float>;
-    const float values[] = {0.0f,        -0.0f,          0.1f,           1.0f / 3,       16777217.0f,
-                            L::max(),    L::lowest(),    L::min(),       L::denorm_min(), L::infinity(),
-                            -L::infinity(), L::quiet_NaN(), -L::quiet_NaN(), L::signaling_NaN(),
+    const float values[] = {0.0f,
+                            -0.0f,
+                            0.1f,
+                            1.0f / 3,
+                            16777217.0f,
+                            L::max(),
+                            L::lowest(),
+                            L::min(),
+                            L::denorm_min(),
+                            L::infinity(),
+                            -L::infinity(),
+                            L::quiet_NaN(),
+                            -L::quiet_NaN(),
+                            L::signaling_NaN(),
                             std::bit_cast<float>(0xFF800001u)};
     std::vector<MemoryBag::Entry> entries;
-    for (float f : values) entries.emplace_back(u"S" + fromUtf8(std::to_string(entries.size())), Variant(f));
+    for (float f : values)
+        entries.emplace_back(u"S" + fromUtf8(std::to_string(entries.size())), Variant(f));
     const FormDocument doc = oneControl(entries);
     expectSameDocument(roundTrip(doc), doc);
 }
@@ -190,7 +223,8 @@ TEST(FormFileTest, shouldRoundTripFontsWithEveryField) {
     b.size = std::numeric_limits<double>::denorm_min();
     b.weight = -32768;
     b.charset = 32767;
-    const FormDocument doc = oneControl({{u"Font", Variant(font(a))}, {u"Other", Variant(font(b))}});
+    const FormDocument doc =
+        oneControl({{u"Font", Variant(font(a))}, {u"Other", Variant(font(b))}});
     expectSameDocument(roundTrip(doc), doc);
 }
 
@@ -244,8 +278,8 @@ TEST(FormFileTest, shouldIgnoreCommentsBlankLinesIndentationAndCrLf) {
 }
 
 TEST(FormFileTest, shouldAllowPropertiesNamedLikeKeywords) {
-    const FormDocument doc = oneControl({{u"End", Variant(std::int16_t{1})},
-                                         {u"Begin", Variant(std::int16_t{2})}});
+    const FormDocument doc =
+        oneControl({{u"End", Variant(std::int16_t{1})}, {u"Begin", Variant(std::int16_t{2})}});
     expectSameDocument(roundTrip(doc), doc);
 }
 
@@ -310,7 +344,8 @@ TEST(FormFileTest, shouldBlameTheRightLineForEveryMalformedInput) {
         {"Double without digits", kHead + "Begin X b\nv = Double .5\nEnd\nEnd\n", 4},
         {"Double overflow", kHead + "Begin X b\nv = Double 1e400\nEnd\nEnd\n", 4},
         {"Single overflow", kHead + "Begin X b\nv = Single 1e39\nEnd\nEnd\n", 4},
-        {"NaN bits of a number", kHead + "Begin X b\nv = Double nan(0x3ff0000000000000)\nEnd\nEnd\n", 4},
+        {"NaN bits of a number",
+         kHead + "Begin X b\nv = Double nan(0x3ff0000000000000)\nEnd\nEnd\n", 4},
         {"short NaN bits", kHead + "Begin X b\nv = Double nan(0x7ff8)\nEnd\nEnd\n", 4},
         {"infinity spelled out", kHead + "Begin X b\nv = Double infinity\nEnd\nEnd\n", 4},
         {"unterminated string", kHead + "Begin X b\nv = String \"abc\nEnd\nEnd\n", 4},
@@ -361,7 +396,8 @@ TEST(FormFileTest, shouldRefuseToWriteWhatItCouldNotReadBack) {
     };
     FormDocument badName = oneControl({{u"bad name", Variant(std::int16_t{1})}});
     EXPECT_EQ(writeError(badName), 5);
-    FormDocument twice = oneControl({{u"A", Variant(std::int16_t{1})}, {u"a", Variant(std::int16_t{2})}});
+    FormDocument twice =
+        oneControl({{u"A", Variant(std::int16_t{1})}, {u"a", Variant(std::int16_t{2})}});
     EXPECT_EQ(writeError(twice), 6);
     FormDocument badForm;
     badForm.name = u"";
@@ -387,7 +423,8 @@ TEST(FormFileTest, shouldSaveAndLoadAHeadlessFormThroughTheFile) {
     headless::Host host;
     host.setUserMode(false);  // DefaultValue is set in the designer
     headless::HeadlessForm form(host);
-    auto& a = static_cast<BooleanBox&>(form.add(BooleanBox::staticClassInfo(), u"chkAgree").control());
+    auto& a =
+        static_cast<BooleanBox&>(form.add(BooleanBox::staticClassInfo(), u"chkAgree").control());
     a.setCaption(u"I agree\r\n同意します");
     a.setDefaultValue(true);
     a.setBackColor(0x00FF00);
@@ -396,7 +433,8 @@ TEST(FormFileTest, shouldSaveAndLoadAHeadlessFormThroughTheFile) {
     f.size = 10.5;
     f.italic = true;
     a.setFont(Font::make(f));
-    auto& b = static_cast<BooleanBox&>(form.add(BooleanBox::staticClassInfo(), u"chkPlain").control());
+    auto& b =
+        static_cast<BooleanBox&>(form.add(BooleanBox::staticClassInfo(), u"chkPlain").control());
     b.setKeyName(u"plain");
     b.setAlwaysFalseWhenNotEnabled(Boolean::fromRaw(3));
     form.add(BooleanBox::staticClassInfo(), u"chkDefault");

@@ -30,8 +30,8 @@ protected:
         TextBoxSpec spec;
         spec.name = u"txtInput";
         spec.listener = &rec;
-        box.reset(static_cast<headless::HeadlessTextBox*>(
-            h.site(u"host").createTextBox(spec).release()));
+        box.reset(
+            static_cast<headless::HeadlessTextBox*>(h.site(u"host").createTextBox(spec).release()));
     }
     void type(std::u16string_view text) {
         for (char16_t c : text) box->type(c);
@@ -117,10 +117,9 @@ TEST_F(HeadlessTextBoxTest, shouldRaiseChangeOnEveryTextChangeIncludingByCode) {
 
 TEST_F(HeadlessTextBoxTest, shouldRaiseKeyDownKeyPressChangeKeyUpInOrder) {
     type(u"a");
-    EXPECT_EQ(rec.seen, (std::vector<WidgetEventType>{WidgetEventType::KeyDown,
-                                                      WidgetEventType::KeyPress,
-                                                      WidgetEventType::Change,
-                                                      WidgetEventType::KeyUp}));
+    EXPECT_EQ(rec.seen,
+              (std::vector<WidgetEventType>{WidgetEventType::KeyDown, WidgetEventType::KeyPress,
+                                            WidgetEventType::Change, WidgetEventType::KeyUp}));
 }
 
 TEST_F(HeadlessTextBoxTest, shouldInsertNothingForASwallowedKeyAndTheReplacementForAReplacedOne) {

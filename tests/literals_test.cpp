@@ -1,4 +1,6 @@
 // The literal syntax shared by the script host and the form file.
+#include "corvex/library/literals.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -7,7 +9,6 @@
 
 #include "corvex/common/font.h"
 #include "corvex/common/text.h"
-#include "corvex/library/literals.h"
 
 using namespace corvex;
 
@@ -53,9 +54,17 @@ TEST(LiteralsTest, shouldReadEscapesInEitherHexCase) {
 
 TEST(LiteralsTest, shouldRefuseMalformedStrings) {
     const char* bad[] = {
-        R"("open)",       R"("ends in backslash\)", R"("\q")",    R"("\u12")",
-        R"("\u12G4")",    "\"raw\ttab\"",           "\"raw\x01\"", "\"bad \xC3\x28 utf8\"",
-        "\"overlong \xC0\xAF\"", "\"surrogate \xED\xA0\x80\"",     "no quote",
+        R"("open)",
+        R"("ends in backslash\)",
+        R"("\q")",
+        R"("\u12")",
+        R"("\u12G4")",
+        "\"raw\ttab\"",
+        "\"raw\x01\"",
+        "\"bad \xC3\x28 utf8\"",
+        "\"overlong \xC0\xAF\"",
+        "\"surrogate \xED\xA0\x80\"",
+        "no quote",
     };
     for (const char* text : bad) {
         std::size_t pos = 0;
@@ -96,15 +105,31 @@ TEST(LiteralsTest, shouldParseQuotedStrings) {
 }
 
 TEST(LiteralsTest, shouldRefuseMalformedTokens) {
-    const char* bad[] = {"",    "12abc", "+5",   "1.",     ".5",      "1e",   "1e+",   "--1",
-                         "0x10", "abc",  "1E999", "\"a\"b", "Font()", "Font(1)", "Font(\"a\", \"b\")",
-                         "Font(\"a\", 9, 1)", "Font(\"a\", 9, False, False, False, False, 99999)",
-                         "Font(\"a\",, 9)", "Font(\"a\") x"};
+    const char* bad[] = {"",
+                         "12abc",
+                         "+5",
+                         "1.",
+                         ".5",
+                         "1e",
+                         "1e+",
+                         "--1",
+                         "0x10",
+                         "abc",
+                         "1E999",
+                         "\"a\"b",
+                         "Font()",
+                         "Font(1)",
+                         "Font(\"a\", \"b\")",
+                         "Font(\"a\", 9, 1)",
+                         "Font(\"a\", 9, False, False, False, False, 99999)",
+                         "Font(\"a\",, 9)",
+                         "Font(\"a\") x"};
     for (const char* token : bad) EXPECT_THROW(parseLiteral(token), LiteralError) << token;
 }
 
 TEST(LiteralsTest, shouldParseAFontLiteralWithEveryField) {
-    const Variant v = parseLiteral(R"(Font("MS Gothic", 10.5, True, False, True, False, 600, 128))");
+    const Variant v =
+        parseLiteral(R"(Font("MS Gothic", 10.5, True, False, True, False, 600, 128))");
     const FontDesc f = fontFromVariant(v);
     EXPECT_EQ(f.name, u"MS Gothic");
     EXPECT_EQ(f.size, 10.5);
@@ -186,8 +211,10 @@ TEST(LiteralsTest, shouldCompareValuesBitForBit) {
     FontDesc b;
     b.size = -0.0;
     a.size = 0.0;
-    EXPECT_FALSE(identicalValues(Variant(ObjectRef(Font::make(a))), Variant(ObjectRef(Font::make(b)))));
-    EXPECT_TRUE(identicalValues(Variant(ObjectRef(Font::make(a))), Variant(ObjectRef(Font::make(a)))));
+    EXPECT_FALSE(
+        identicalValues(Variant(ObjectRef(Font::make(a))), Variant(ObjectRef(Font::make(b)))));
+    EXPECT_TRUE(
+        identicalValues(Variant(ObjectRef(Font::make(a))), Variant(ObjectRef(Font::make(a)))));
 }
 
 }  // namespace

@@ -101,18 +101,23 @@ TEST(MemberTable, shouldRaise383WhenLettingAReadOnlyProperty) {
 TEST(MemberTable, shouldRaise450ForTheWrongNumberOfArguments) {
     Sample s;
     EXPECT_EQ(errorOf([&] { call(s, u"Add", {Variant(std::int16_t{1})}); }), err::WrongArguments);
-    EXPECT_EQ(errorOf([&] {
-                  call(s, u"Add", {Variant(std::int16_t{1}), Variant(std::int16_t{1}),
-                                   Variant(std::int16_t{1})});
-              }),
-              err::WrongArguments);
+    EXPECT_EQ(
+        errorOf([&] {
+            call(s, u"Add",
+                 {Variant(std::int16_t{1}), Variant(std::int16_t{1}), Variant(std::int16_t{1})});
+        }),
+        err::WrongArguments);
 }
 
 TEST(MemberTable, shouldRaiseTheConversionErrorOfABadArgument) {
     Sample s;
-    EXPECT_EQ(errorOf([&] { call(s, u"Add", {Variant(u"x"), Variant(std::int16_t{1})}); }),
+    EXPECT_EQ(errorOf([&] {
+                  call(s, u"Add", {Variant(u"x"), Variant(std::int16_t{1})});
+              }),
               err::TypeMismatch);
-    EXPECT_EQ(errorOf([&] { call(s, u"Add", {Variant(40000.0), Variant(std::int16_t{1})}); }),
+    EXPECT_EQ(errorOf([&] {
+                  call(s, u"Add", {Variant(40000.0), Variant(std::int16_t{1})});
+              }),
               err::Overflow);
 }
 

@@ -1,7 +1,8 @@
 // MemoBox behaviour, run on every host the test program offers.
+#include "corvex/entry/memo_box.h"
+
 #include <gtest/gtest.h>
 
-#include "corvex/entry/memo_box.h"
 #include "corvex/library/memory_bag.h"
 #include "support/harness.h"
 
@@ -90,8 +91,8 @@ TEST_P(MemoBoxTest, shouldApplyWidgetPropertiesToAllFourAndSignalOnce) {
         EXPECT_EQ(box(i).foreColor(), 0x445566);
         EXPECT_FALSE(box(i).enabled());
     }
-    EXPECT_EQ(h->changes(u"m"), (std::vector<std::u16string>{u"BackColor", u"ForeColor",
-                                                               u"Enabled", u"IMEMode"}));
+    EXPECT_EQ(h->changes(u"m"),
+              (std::vector<std::u16string>{u"BackColor", u"ForeColor", u"Enabled", u"IMEMode"}));
 }
 
 TEST_P(MemoBoxTest, shouldReadPropertiesFromTheVisibleBox) {

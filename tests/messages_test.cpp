@@ -1,8 +1,9 @@
 // Message texts by locale, and the refusal box.
+#include "corvex/common/messages.h"
+
 #include <gtest/gtest.h>
 
 #include "corvex/common/boolean_box.h"
-#include "corvex/common/messages.h"
 #include "support/headless_fixture.h"
 
 using namespace corvex;

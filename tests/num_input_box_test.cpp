@@ -1,8 +1,9 @@
 // NumInputBox and NumInputBoxR behaviour, run on every host the test program offers.
+#include "corvex/entry/num_input_box.h"
+
 #include <gtest/gtest.h>
 
 #include "corvex/common/text.h"
-#include "corvex/entry/num_input_box.h"
 #include "corvex/library/memory_bag.h"
 #include "support/harness.h"
 
@@ -173,7 +174,8 @@ TEST_P(NumInputBoxTest, shouldShowTheLengthMessageInTheLocaleLanguage) {
     EXPECT_FALSE(n.validateValue());
     EXPECT_EQ(n.text(), u"1234");
     ASSERT_EQ(h->messageBoxes().size(), 1u);
-    EXPECT_EQ(h->messageBoxes()[0].text, u"変換後の文字数が\r入力を許可されている\r最大値を越えました");
+    EXPECT_EQ(h->messageBoxes()[0].text,
+              u"変換後の文字数が\r入力を許可されている\r最大値を越えました");
     EXPECT_EQ(h->messageBoxes()[0].title, u"警告!!");
     EXPECT_EQ(h->messageBoxes()[0].style, 16);
     h->setLocaleId(1033);
@@ -383,7 +385,8 @@ TEST_P(NumInputBoxTest, shouldUseItsErrBaseInReaderErrors) {
     }
 }
 
-// --- MustEnter ------------------------------------------------------------------------------------
+// --- MustEnter
+// ------------------------------------------------------------------------------------
 
 TEST_P(NumInputBoxTest, shouldColourALoadedEmptyMustEnterBoxAtRunTimeOnly) {
     MemoryBag bag({{u"MustEnter", Variant(true)}});
@@ -396,7 +399,8 @@ TEST_P(NumInputBoxTest, shouldColourALoadedEmptyMustEnterBoxAtRunTimeOnly) {
 }
 
 TEST_P(NumInputBoxTest, shouldRecolourAtTheNextTextChangeOnly) {
-    MemoryBag bag({{u"MustEnter", Variant(true)}, {u"MustEnterColor", Variant(std::int32_t{0xFF00})}});
+    MemoryBag bag(
+        {{u"MustEnter", Variant(true)}, {u"MustEnterColor", Variant(std::int32_t{0xFF00})}});
     NumericInputBox& n = load(bag);
     EXPECT_EQ(n.backColor(), 0xFF00);
     h->typeText(u"n", u"1");
@@ -425,7 +429,8 @@ TEST_P(NumInputBoxTest, shouldReturnToTheLoadedColourNotALaterBackColor) {
     EXPECT_EQ(n.backColor(), 0xABCDEF);
 }
 
-// --- saved properties -------------------------------------------------------------------------------
+// --- saved properties
+// -------------------------------------------------------------------------------
 
 TEST_P(NumInputBoxTest, shouldSaveNothingForANewControl) {
     NumericInputBox& n = add();
@@ -510,9 +515,8 @@ TEST_P(NumInputBoxTest, shouldSignalEachLetUnderItsName) {
     n.setLimitCheck(true);
     n.setErrBase(1);
     EXPECT_EQ(h->changes(u"n"),
-              (std::vector<std::u16string>{u"Text", u"Value", u"SelStart", u"SelLength",
-                                           u"SelText", u"MaxLength", u"IMEMode", u"LimitCheck",
-                                           u"ErrBase"}));
+              (std::vector<std::u16string>{u"Text", u"Value", u"SelStart", u"SelLength", u"SelText",
+                                           u"MaxLength", u"IMEMode", u"LimitCheck", u"ErrBase"}));
 }
 
 TEST_P(NumInputBoxTest, shouldPassChangeOnForEveryTextChange) {

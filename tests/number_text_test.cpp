@@ -19,10 +19,18 @@
 namespace corvex {
 namespace {
 
-std::string fmt(double d) { return toUtf8(formatDouble(d)); }
-std::string fmtSingle(float f) { return toUtf8(formatSingle(f)); }
-std::string fmtSigned(double d) { return toUtf8(formatDoubleWithSign(d)); }
-ParsedNumber parse(std::string_view ascii) { return parseDouble(u16(ascii)); }
+std::string fmt(double d) {
+    return toUtf8(formatDouble(d));
+}
+std::string fmtSingle(float f) {
+    return toUtf8(formatSingle(f));
+}
+std::string fmtSigned(double d) {
+    return toUtf8(formatDoubleWithSign(d));
+}
+ParsedNumber parse(std::string_view ascii) {
+    return parseDouble(u16(ascii));
+}
 
 // The value rounded to 15 significant digits, worked out independently of the code
 // under test by the C library; nothing when that rounding is beyond the largest Double.
@@ -142,9 +150,18 @@ TEST(NumberText, shouldReadPlainNumbers) {
         const char* text;
         double value;
     } cases[] = {
-        {"12", 12},       {"-0.5", -0.5},     {"+3", 3},           {"5.", 5},
-        {".5", 0.5},      {"-.5", -0.5},      {"0", 0},            {"007", 7},
-        {"1.5e-3", 1.5e-3}, {"1E+20", 1e20},  {"2e3", 2000},       {"0.1", 0.1},
+        {"12", 12},
+        {"-0.5", -0.5},
+        {"+3", 3},
+        {"5.", 5},
+        {".5", 0.5},
+        {"-.5", -0.5},
+        {"0", 0},
+        {"007", 7},
+        {"1.5e-3", 1.5e-3},
+        {"1E+20", 1e20},
+        {"2e3", 2000},
+        {"0.1", 0.1},
         {"3.14159265358979", 3.14159265358979},
         {"1.7976931348623157e308", std::numeric_limits<double>::max()},
     };
@@ -174,9 +191,10 @@ TEST(NumberText, shouldIgnoreBlanksAroundTheNumber) {
 
 TEST(NumberText, shouldRejectTextThatIsNotANumber) {
     for (const char* text :
-         {"", " ", ".", "-", "+", "-.", "e5", "E5", ".e5", "1e", "1e-", "1e+", "1D", "abc",
-          "12abc", "1 2", "1,5", "1.000,5", "- 5", "1 e5", "1e 5", "1.2.3", "--1", "+-1",
-          "1e5.5", "0x10", "inf", "Infinity", "nan", "1f", "&H10", "1e5e5", "$5"}) {
+         {"",         " ",    ".",    "-",     "+",     "-.",    "e5",    "E5",   ".e5",
+          "1e",       "1e-",  "1e+",  "1D",    "abc",   "12abc", "1 2",   "1,5",  "1.000,5",
+          "- 5",      "1 e5", "1e 5", "1.2.3", "--1",   "+-1",   "1e5.5", "0x10", "inf",
+          "Infinity", "nan",  "1f",   "&H10",  "1e5e5", "$5"}) {
         EXPECT_EQ(parse(text).status, ParseStatus::TypeMismatch) << '[' << text << ']';
     }
 }

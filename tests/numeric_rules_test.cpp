@@ -1,7 +1,7 @@
 // The numeric rules on their own: key filter, validation and its wording, typed readers.
-#include <gtest/gtest.h>
-
 #include "corvex/entry/numeric_rules.h"
+
+#include <gtest/gtest.h>
 
 using namespace corvex;
 using namespace corvex::numeric;
@@ -18,8 +18,8 @@ bool accepts(std::int32_t mode, char16_t ch, std::int32_t caret, std::u16string_
 std::u16string typeAtEnd(std::int32_t mode, std::u16string_view keys) {
     std::u16string text;
     for (char16_t c : keys) {
-        const std::int16_t k =
-            filterKey(mode, static_cast<std::int16_t>(c), static_cast<std::int32_t>(text.size()), text);
+        const std::int16_t k = filterKey(mode, static_cast<std::int16_t>(c),
+                                         static_cast<std::int32_t>(text.size()), text);
         if (k != 0) text += static_cast<char16_t>(k);
     }
     return text;
@@ -335,8 +335,7 @@ TEST(Readers, shouldRaise3012PlusErrBaseForIntegerOverflow) {
 
 TEST(Readers, shouldRaiseTypeMismatchPlusErrBaseForNonNumericText) {
     std::u16string description;
-    EXPECT_EQ(errorOf([] { valInt(u"abc", context()); }, &description),
-              err::ObjectErrorBase + 13);
+    EXPECT_EQ(errorOf([] { valInt(u"abc", context()); }, &description), err::ObjectErrorBase + 13);
     EXPECT_EQ(description, u"Type mismatch");
     EXPECT_EQ(errorOf([] { valDbl(u"1e", context()); }), err::ObjectErrorBase + 13);
 }

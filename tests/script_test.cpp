@@ -40,8 +40,9 @@ TEST(ScriptTest, shouldPrintChangedForEachLetAndTheRestoredValue) {
 }
 
 TEST(ScriptTest, shouldSkipBlankLinesCommentsAndCarriageReturns) {
-    EXPECT_EQ(run("# a comment\r\n\r\n   \n  # indented comment\nnew BooleanBox b\r\nget b.Enabled\r\n"),
-              (Lines{"event b.Resize()", "= Boolean True"}));
+    EXPECT_EQ(
+        run("# a comment\r\n\r\n   \n  # indented comment\nnew BooleanBox b\r\nget b.Enabled\r\n"),
+        (Lines{"event b.Resize()", "= Boolean True"}));
 }
 
 TEST(ScriptTest, shouldLoadAControlFromTheBagLinesUpToEnd) {
@@ -53,53 +54,56 @@ TEST(ScriptTest, shouldLoadAControlFromTheBagLinesUpToEnd) {
                   "  keyname = \"second\"\n"
                   "end\n"
                   "get c.Caption\nget c.Value\nget c.KeyName\n"),
-              (Lines{"event c.Click()", "changed c.Value", "event c.Resize()", "= String \"Loaded\"",
-                     "= Boolean True", "= String \"second\""}));
+              (Lines{"event c.Click()", "changed c.Value", "event c.Resize()",
+                     "= String \"Loaded\"", "= Boolean True", "= String \"second\""}));
 }
 
 TEST(ScriptTest, shouldPrintAnErrorAndNotCreateAControlThatFailsToLoad) {
-    EXPECT_EQ(run("load BooleanBox d\n  Font = \"not a font\"\nend\nget d.Value\n"
-                  "load Gizmo g\nend\n"),
-              (Lines{"error 13 \"Type mismatch (saved property \\\"Font\\\")\"", "error 424 \"Object required\"",
-                     "error 438 \"Gizmo is not a public class\""}));
+    EXPECT_EQ(
+        run("load BooleanBox d\n  Font = \"not a font\"\nend\nget d.Value\n"
+            "load Gizmo g\nend\n"),
+        (Lines{"error 13 \"Type mismatch (saved property \\\"Font\\\")\"",
+               "error 424 \"Object required\"", "error 438 \"Gizmo is not a public class\""}));
 }
 
 TEST(ScriptTest, shouldSaveEntriesInWriteOrderAndNothingForDefaults) {
-    EXPECT_EQ(run("new BooleanBox b\nsave b\n"
-                  "set b.KeyName = \"k\"\nset b.Caption = \"Hello\"\nset b.BackColor = 255\n"
-                  "set b.Font = Font(\"Arial\", 12, True)\nset b.AlwaysFalseWhenNotEnabled = 3\nsave b\n"
-                  "set b.Caption = \"chkBooleanBox\"\nsave b\n"),
-              (Lines{"event b.Resize()", "changed b.KeyName", "changed b.Caption", "changed b.BackColor",
-                     "changed b.Font", "changed b.AlwaysFalseWhenNotEnabled",
-                     "bag b.BackColor = Long 255", "bag b.Caption = String \"Hello\"",
-                     "bag b.Font = Object Font(\"Arial\", 12, True, False, False, False, 700, 0)",
-                     "bag b.AlwaysFalseWhenNotEnabled = Boolean 3", "bag b.KeyName = String \"k\"",
-                     "changed b.Caption", "bag b.BackColor = Long 255",
-                     "bag b.Font = Object Font(\"Arial\", 12, True, False, False, False, 700, 0)",
-                     "bag b.AlwaysFalseWhenNotEnabled = Boolean 3", "bag b.KeyName = String \"k\""}));
+    EXPECT_EQ(
+        run("new BooleanBox b\nsave b\n"
+            "set b.KeyName = \"k\"\nset b.Caption = \"Hello\"\nset b.BackColor = 255\n"
+            "set b.Font = Font(\"Arial\", 12, True)\nset b.AlwaysFalseWhenNotEnabled = 3\nsave b\n"
+            "set b.Caption = \"chkBooleanBox\"\nsave b\n"),
+        (Lines{"event b.Resize()", "changed b.KeyName", "changed b.Caption", "changed b.BackColor",
+               "changed b.Font", "changed b.AlwaysFalseWhenNotEnabled",
+               "bag b.BackColor = Long 255", "bag b.Caption = String \"Hello\"",
+               "bag b.Font = Object Font(\"Arial\", 12, True, False, False, False, 700, 0)",
+               "bag b.AlwaysFalseWhenNotEnabled = Boolean 3", "bag b.KeyName = String \"k\"",
+               "changed b.Caption", "bag b.BackColor = Long 255",
+               "bag b.Font = Object Font(\"Arial\", 12, True, False, False, False, 700, 0)",
+               "bag b.AlwaysFalseWhenNotEnabled = Boolean 3", "bag b.KeyName = String \"k\""}));
 }
 
 TEST(ScriptTest, shouldRaise382ForDefaultValueAtRunTimeOnly) {
     EXPECT_EQ(run("new BooleanBox b\nset b.DefaultValue = True\nget b.DefaultValue\n"
                   "usermode False\nset b.DefaultValue = True\nget b.DefaultValue\n"),
               (Lines{"event b.Resize()", "error 382 \"Property cannot be set at run time\"",
-                     "= Boolean False", "changed b.DefaultValue", "event b.Click()", "changed b.Value",
-                     "= Boolean True"}));
+                     "= Boolean False", "changed b.DefaultValue", "event b.Click()",
+                     "changed b.Value", "= Boolean True"}));
 }
 
 TEST(ScriptTest, shouldPrint438ForAnUnknownMember) {
-    EXPECT_EQ(run("new BooleanBox b\nget b.Colour\nset b.Colour = 1\ncall b.Explode\n"),
-              (Lines{"event b.Resize()", "error 438 \"Object doesn't support this property or method\"",
-                     "error 438 \"Object doesn't support this property or method\"",
-                     "error 438 \"Object doesn't support this property or method\""}));
+    EXPECT_EQ(
+        run("new BooleanBox b\nget b.Colour\nset b.Colour = 1\ncall b.Explode\n"),
+        (Lines{"event b.Resize()", "error 438 \"Object doesn't support this property or method\"",
+               "error 438 \"Object doesn't support this property or method\"",
+               "error 438 \"Object doesn't support this property or method\""}));
 }
 
 TEST(ScriptTest, shouldPrint424ForAnUnknownControlAndGoOn) {
     EXPECT_EQ(run("get nobody.Value\nset nobody.Value = True\nclick nobody\nnew BooleanBox b\n"
                   "set b.Font = nobody\nget b.Value\n"),
               (Lines{"error 424 \"Object required\"", "error 424 \"Object required\"",
-                     "error 424 \"Object required\"", "event b.Resize()", "error 424 \"Object required\"",
-                     "= Boolean False"}));
+                     "error 424 \"Object required\"", "event b.Resize()",
+                     "error 424 \"Object required\"", "= Boolean False"}));
 }
 
 TEST(ScriptTest, shouldPassABareControlNameAsAnObject) {
@@ -110,13 +114,13 @@ TEST(ScriptTest, shouldPassABareControlNameAsAnObject) {
 }
 
 TEST(ScriptTest, shouldMatchMembersAndControlsWithoutRegardToCase) {
-    EXPECT_EQ(run("new BooleanBox Box1\nGET box1.VALUE\n"), (Lines{"event Box1.Resize()", "= Boolean False"}));
+    EXPECT_EQ(run("new BooleanBox Box1\nGET box1.VALUE\n"),
+              (Lines{"event Box1.Resize()", "= Boolean False"}));
 }
 
 TEST(ScriptTest, shouldRefuseASecondControlOfTheSameName) {
     EXPECT_EQ(run("new BooleanBox b\nnew BooleanBox B\nnew Gizmo g\n"),
-              (Lines{"event b.Resize()",
-                     "error 450 \"A control named B is already on the form\"",
+              (Lines{"event b.Resize()", "error 450 \"A control named B is already on the form\"",
                      "error 438 \"Gizmo is not a public class\""}));
 }
 
@@ -130,11 +134,13 @@ TEST(ScriptTest, shouldPrintValuesAsLiterals) {
     EXPECT_EQ(run("new BooleanBox b\n"
                   "set b.Caption = \"q\\\" b\\\\ \\r\\n\\t\\0 \\u0001 \\uD800 日本\"\n"
                   "get b.Caption\nget b.Font\nset b.Font = Font(\"Noto Sans\", 10.5)\nget b.Font\n"
-                  "get b.BackColor\nset b.AlwaysFalseWhenNotEnabled = -2\nget b.AlwaysFalseWhenNotEnabled\n"),
+                  "get b.BackColor\nset b.AlwaysFalseWhenNotEnabled = -2\nget "
+                  "b.AlwaysFalseWhenNotEnabled\n"),
               (Lines{"event b.Resize()", "changed b.Caption",
                      "= String \"q\\\" b\\\\ \\r\\n\\t\\0 \\u0001 \\uD800 日本\"",
                      "= Object Font(\"IPAGothic\", 9, False, False, False, False, 400, 128)",
-                     "changed b.Font", "= Object Font(\"Noto Sans\", 10.5, False, False, False, False, 400, 0)",
+                     "changed b.Font",
+                     "= Object Font(\"Noto Sans\", 10.5, False, False, False, False, 400, 0)",
                      "= Long -2147483633", "changed b.AlwaysFalseWhenNotEnabled", "= Boolean -2"}));
 }
 
@@ -147,15 +153,17 @@ TEST(ScriptTest, shouldTypeThroughTheCheckBoxWhichTakesTheSpaceBar) {
 
 TEST(ScriptTest, shouldPressKeysWithAShiftState) {
     EXPECT_EQ(run("new BooleanBox b\nkey b 32 1\nkey b 13\nget b.Value\n"),
-              (Lines{"event b.Resize()", "event b.KeyDown(32, 1)", "event b.KeyUp(32, 1)", "event b.Click()",
-                     "event b.KeyDown(13, 0)", "event b.KeyUp(13, 0)", "= Boolean True"}));
+              (Lines{"event b.Resize()", "event b.KeyDown(32, 1)", "event b.KeyUp(32, 1)",
+                     "event b.Click()", "event b.KeyDown(13, 0)", "event b.KeyUp(13, 0)",
+                     "= Boolean True"}));
 }
 
 TEST(ScriptTest, shouldClickTheControlOrANamedInnerWidget) {
     EXPECT_EQ(run("new BooleanBox b\nclick b\nclick b.chkBooleanBox\nclick B.CHKBOOLEANBOX(2)\n"
                   "click b.cmdNothing\nget b.Value\n"),
-              (Lines{"event b.Resize()", "event b.MouseDown(1, 0, 900, 150)", "event b.MouseUp(1, 0, 900, 150)",
-                     "event b.Click()", "event b.MouseDown(1, 0, 900, 150)", "event b.MouseUp(1, 0, 900, 150)",
+              (Lines{"event b.Resize()", "event b.MouseDown(1, 0, 900, 150)",
+                     "event b.MouseUp(1, 0, 900, 150)", "event b.Click()",
+                     "event b.MouseDown(1, 0, 900, 150)", "event b.MouseUp(1, 0, 900, 150)",
                      "event b.Click()", "error 340 \"Control array element doesn't exist\"",
                      "error 438 \"b has no inner widget named cmdNothing\"", "= Boolean False"}));
 }
@@ -176,7 +184,8 @@ TEST(ScriptTest, shouldGiveAndTakeTheFocus) {
     ASSERT_NE(in.form().focused(), nullptr);
     EXPECT_EQ(&in.form().focused()->site(), b);
     ASSERT_EQ(in.feedLine("blur a"), Interpreter::Status::Ok);
-    EXPECT_NE(in.form().focused(), nullptr) << "blurring a control without the focus changes nothing";
+    EXPECT_NE(in.form().focused(), nullptr)
+        << "blurring a control without the focus changes nothing";
     ASSERT_EQ(in.feedLine("blur b"), Interpreter::Status::Ok);
     EXPECT_EQ(in.form().focused(), nullptr);
 }
@@ -207,9 +216,10 @@ TEST(ScriptTest, shouldQueueTheAnswerOfTheNextMessageBoxAndPrintTheBox) {
 }
 
 TEST(ScriptTest, shouldPrintMessageBoxesInTheLocalesLanguage) {
-    EXPECT_EQ(run("usermode False\nnew NumInputBox n\nset n.Mode = 9\nlocale 1041\nset n.Mode = 9\n"),
-              (Lines{"msgbox 16 \"Warning!!\" \"Valid value is from 0 to 4.\"",
-                     "msgbox 16 \"警告!!\" \"このプロパティには0から4の整数を入力して下さい\""}));
+    EXPECT_EQ(
+        run("usermode False\nnew NumInputBox n\nset n.Mode = 9\nlocale 1041\nset n.Mode = 9\n"),
+        (Lines{"msgbox 16 \"Warning!!\" \"Valid value is from 0 to 4.\"",
+               "msgbox 16 \"警告!!\" \"このプロパティには0から4の整数を入力して下さい\""}));
 }
 
 TEST(ScriptTest, shouldSetTheClipboardText) {
@@ -219,15 +229,18 @@ TEST(ScriptTest, shouldSetTheClipboardText) {
     ASSERT_EQ(in.feedLine("clipboard \"héllo 日本\\r\\n\""), Interpreter::Status::Ok);
     EXPECT_EQ(in.host().text(), u"héllo 日本\r\n");
     // Pasted by the user with Ctrl+V into a box that handles the keys itself.
-    EXPECT_EQ(in.run(std::string_view("new NumInputBox n\nclipboard \"42\"\nkey n 86 2\nget n.Text\n")), ExitOk);
+    EXPECT_EQ(
+        in.run(std::string_view("new NumInputBox n\nclipboard \"42\"\nkey n 86 2\nget n.Text\n")),
+        ExitOk);
     EXPECT_EQ(lines(out.str()).back(), "= String \"42\"");
 }
 
 TEST(ScriptTest, shouldSetTheCaretOfTheInnerTextBox) {
-    EXPECT_EQ(run("new NumInputBox n\nset n.Text = \"12345\"\ncaret n 1 3\nget n.SelText\ncaret n 4\n"
-                  "get n.SelStart\nget n.SelLength\nnew BooleanBox b\ncaret b 0\n"),
-              (Lines{"event n.Change()", "changed n.Text", "= String \"234\"", "= Long 4", "= Long 0", "event b.Resize()",
-                     "error 438 \"b has no inner text box\""}));
+    EXPECT_EQ(
+        run("new NumInputBox n\nset n.Text = \"12345\"\ncaret n 1 3\nget n.SelText\ncaret n 4\n"
+            "get n.SelStart\nget n.SelLength\nnew BooleanBox b\ncaret b 0\n"),
+        (Lines{"event n.Change()", "changed n.Text", "= String \"234\"", "= Long 4", "= Long 0",
+               "event b.Resize()", "error 438 \"b has no inner text box\""}));
 }
 
 TEST(ScriptTest, shouldSetTheAmbientLocaleAndUserMode) {

@@ -24,12 +24,22 @@ std::int32_t raised(const std::function<void()>& f) {
     return 0;
 }
 
-std::string str(const Variant& v) { return toUtf8(v.toString()); }
+std::string str(const Variant& v) {
+    return toUtf8(v.toString());
+}
 
-Variant integer(int i) { return Variant(static_cast<std::int16_t>(i)); }
-Variant longValue(std::int32_t l) { return Variant(l); }
-Variant text(std::string_view ascii) { return Variant(u16(ascii)); }
-Variant anObject() { return Variant(ObjectRef(Font::make(FontDesc{}))); }
+Variant integer(int i) {
+    return Variant(static_cast<std::int16_t>(i));
+}
+Variant longValue(std::int32_t l) {
+    return Variant(l);
+}
+Variant text(std::string_view ascii) {
+    return Variant(u16(ascii));
+}
+Variant anObject() {
+    return Variant(ObjectRef(Font::make(FontDesc{})));
+}
 
 // ---------------------------------------------------------------------------------
 // toString
@@ -184,7 +194,9 @@ TEST(Variant, shouldRaiseTypeMismatchForOtherTextAsABoolean) {
     EXPECT_EQ(raised([] { (void)anObject().toBoolean(); }), err::TypeMismatch);
 }
 
-TEST(Variant, shouldTreatEmptyAsFalse) { EXPECT_TRUE(Variant().toBoolean().isFalse()); }
+TEST(Variant, shouldTreatEmptyAsFalse) {
+    EXPECT_TRUE(Variant().toBoolean().isFalse());
+}
 
 // ---------------------------------------------------------------------------------
 // The host's "="

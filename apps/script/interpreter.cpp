@@ -23,9 +23,13 @@ struct ParseError {
 // from a control working as it should, but the script goes on all the same).
 constexpr std::int32_t kInternalError = 51;
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
+bool isBlank(char c) {
+    return c == ' ' || c == '\t';
+}
 
-char lower(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c; }
+char lower(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c + 32) : c;
+}
 
 bool isWord(std::string_view text, std::string_view word) {
     if (text.size() != word.size()) return false;
@@ -103,9 +107,13 @@ Interpreter::Interpreter(std::ostream& out, std::ostream& diagnostics)
     host_.setObserver(this);
 }
 
-Interpreter::~Interpreter() { host_.setObserver(nullptr); }
+Interpreter::~Interpreter() {
+    host_.setObserver(nullptr);
+}
 
-void Interpreter::print(const std::string& line) { out_ << line << '\n'; }
+void Interpreter::print(const std::string& line) {
+    out_ << line << '\n';
+}
 
 template <class F>
 void Interpreter::execute(F&& action) {
@@ -229,7 +237,8 @@ void Interpreter::runLoad(const PendingLoad& load) {
         const ClassInfo* cls = findClass(load.className);
         if (!cls) throw Error(err::MemberNotFound, load.className + u" is not a public class");
         if (findSite(load.name)) {
-            throw Error(err::WrongArguments, u"A control named " + load.name + u" is already on the form");
+            throw Error(err::WrongArguments,
+                        u"A control named " + load.name + u" is already on the form");
         }
         MemoryBag bag(std::move(entries));
         form_.load(*cls, load.name, bag);
@@ -266,7 +275,8 @@ void Interpreter::parseAndRun(std::string_view line) {
             const ClassInfo* cls = findClass(className);
             if (!cls) throw Error(err::MemberNotFound, className + u" is not a public class");
             if (findSite(name)) {
-                throw Error(err::WrongArguments, u"A control named " + name + u" is already on the form");
+                throw Error(err::WrongArguments,
+                            u"A control named " + name + u" is already on the form");
             }
             form_.add(*cls, name);
         });
@@ -280,13 +290,15 @@ void Interpreter::parseAndRun(std::string_view line) {
             MemoryBag bag;
             s.control().writeProperties(bag);
             for (const auto& [prop, value] : bag.entries()) {
-                print("bag " + toUtf8(s.name()) + "." + toUtf8(prop) + " = " + typeWord(value.type()) +
-                      " " + formatValue(value));
+                print("bag " + toUtf8(s.name()) + "." + toUtf8(prop) + " = " +
+                      typeWord(value.type()) + " " + formatValue(value));
             }
         });
     } else if (isWord(cmd, "get") || isWord(cmd, "call")) {
         const bool isGet = isWord(cmd, "get");
-        if (t.size() < 2) throw ParseError{isGet ? "usage: get NAME.MEMBER [ARG ...]" : "usage: call NAME.METHOD [ARG ...]"};
+        if (t.size() < 2)
+            throw ParseError{isGet ? "usage: get NAME.MEMBER [ARG ...]"
+                                   : "usage: call NAME.METHOD [ARG ...]"};
         const auto target = memberTarget(t[1]);
         const std::u16string& name = target.first;
         const std::u16string& member = target.second;
@@ -320,7 +332,8 @@ void Interpreter::parseAndRun(std::string_view line) {
             std::vector<Variant> values;
             for (const Operand& a : args) values.push_back(evaluate(a));
             const Variant v = evaluate(value);
-            invoke(object, member, v.type() == VarType::Object ? CallKind::Set : CallKind::Let, values, v);
+            invoke(object, member, v.type() == VarType::Object ? CallKind::Set : CallKind::Let,
+                   values, v);
         });
     } else if (isWord(cmd, "type")) {
         expectCount(t, 3, 3, "type NAME \"TEXT\"");
@@ -330,27 +343,33 @@ void Interpreter::parseAndRun(std::string_view line) {
             headless::Site& s = site(name);
             const std::u16string chars = evaluate(text).toString();
             headless::HeadlessWidget* w = s.keyTarget();
-            if (!w) throw Error(err::MemberNotFound, s.name() + u" has no inner widget that takes keys");
+            if (!w)
+                throw Error(err::MemberNotFound,
+                            s.name() + u" has no inner widget that takes keys");
             for (char16_t c : chars) w->type(c);
         });
     } else if (isWord(cmd, "key")) {
         expectCount(t, 3, 4, "key NAME CODE [SHIFT]");
         const std::u16string name = controlName(t[1]);
         const Operand code = operand(t[2]);
-        const std::optional<Operand> shift = t.size() > 3 ? std::optional(operand(t[3])) : std::nullopt;
+        const std::optional<Operand> shift =
+            t.size() > 3 ? std::optional(operand(t[3])) : std::nullopt;
         execute([&] {
             headless::Site& s = site(name);
             const std::int16_t k = evaluate(code).toInteger();
             const std::int16_t sh = shift ? evaluate(*shift).toInteger() : std::int16_t{0};
             headless::HeadlessWidget* w = s.keyTarget();
-            if (!w) throw Error(err::MemberNotFound, s.name() + u" has no inner widget that takes keys");
+            if (!w)
+                throw Error(err::MemberNotFound,
+                            s.name() + u" has no inner widget that takes keys");
             w->pressKey(k, sh);
         });
     } else if (isWord(cmd, "caret")) {
         expectCount(t, 3, 4, "caret NAME START [LENGTH]");
         const std::u16string name = controlName(t[1]);
         const Operand start = operand(t[2]);
-        const std::optional<Operand> length = t.size() > 3 ? std::optional(operand(t[3])) : std::nullopt;
+        const std::optional<Operand> length =
+            t.size() > 3 ? std::optional(operand(t[3])) : std::nullopt;
         execute([&] {
             headless::Site& s = site(name);
             const std::int32_t st = evaluate(start).toLong();
@@ -399,10 +418,12 @@ void Interpreter::parseAndRun(std::string_view line) {
             std::string_view rest = target.substr(dot + 1);
             const std::size_t paren = rest.find('(');
             if (paren != std::string_view::npos) {
-                if (!rest.ends_with(')')) throw ParseError{"expected NAME.WIDGET(I), found " + shown(target)};
+                if (!rest.ends_with(')'))
+                    throw ParseError{"expected NAME.WIDGET(I), found " + shown(target)};
                 const Operand i = operand(rest.substr(paren + 1, rest.size() - paren - 2));
                 if (i.isName || i.value.type() != VarType::Integer || i.value.asInteger() < 0) {
-                    throw ParseError{"the element index of " + shown(target) + " must be a whole number from 0 to 32767"};
+                    throw ParseError{"the element index of " + shown(target) +
+                                     " must be a whole number from 0 to 32767"};
                 }
                 index = i.value.asInteger();
                 rest = rest.substr(0, paren);
@@ -426,7 +447,8 @@ void Interpreter::parseAndRun(std::string_view line) {
                 }
             }
             if (nameSeen) throw Error(err::ControlArrayElementMissing);
-            throw Error(err::MemberNotFound, s.name() + u" has no inner widget named " + *widgetName);
+            throw Error(err::MemberNotFound,
+                        s.name() + u" has no inner widget named " + *widgetName);
         });
     } else if (isWord(cmd, "resize")) {
         expectCount(t, 4, 4, "resize NAME WIDTH HEIGHT");
@@ -471,7 +493,9 @@ void Interpreter::propertyChanged(headless::Site& site, std::u16string_view name
     print("changed " + toUtf8(site.name()) + "." + toUtf8(name));
 }
 
-void Interpreter::focusTaken(headless::Site& site) { print("focus " + toUtf8(site.name())); }
+void Interpreter::focusTaken(headless::Site& site) {
+    print("focus " + toUtf8(site.name()));
+}
 
 ScriptResult runScript(std::string_view text) {
     std::ostringstream out;

@@ -46,44 +46,43 @@ const ClassInfo& BooleanBox::staticClassInfo() {
             .event(u"MouseUp", events::mouse())
             .event(u"Resize");
         events::addDeclaredLifecycle(ev);
-        return ClassInfo(
-            u"BooleanBox", ClassKind::Control,
-            MemberTable<B>()
-                .method(u"Cls", &B::cls)
-                .help(u"値をFalseにします。")
-                .method(u"Refresh", &B::refresh)
-                .help(u"コントロールを再描画します。")
-                .method(u"Restore", &B::restore)
-                .help(u"Storeで保存した値に戻します。")
-                .method(u"RestoreDefault", &B::restoreDefault)
-                .help(u"値をDefaultValueにします。")
-                .method(u"Store", &B::store)
-                .help(u"現在の値を保存します。")
-                .property(u"BackColor", &B::backColor, &B::setBackColor)
-                .help(u"背景色を設定します。")
-                .property(u"Caption", &B::caption, &B::setCaption)
-                .help(u"表示文字列を設定します。")
-                .property(u"DefaultValue", &B::defaultValue, &B::setDefaultValue)
-                .help(u"既定値を設定します。（デザイン時のみ）")
-                .property(u"Enabled", &B::enabled, &B::setEnabled)
-                .help(u"入力の可否を設定します。")
-                .property(u"Font", &B::font, &B::setFont)
-                .help(u"フォントを設定します。")
-                .property(u"ForeColor", &B::foreColor, &B::setForeColor)
-                .help(u"文字色を設定します。")
-                .property(u"KeyName", &B::keyName, &B::setKeyName)
-                .help(u"値を保存するキー名を設定します。")
-                .property(u"SectionName", &B::sectionName, &B::setSectionName)
-                .help(u"値を保存するセクション名を設定します。")
-                .property(u"Value", &B::value, &B::setValue)
-                .help(u"値（True/False）を設定します。")
-                .property(u"AlwaysFalseWhenNotEnabled", &B::alwaysFalseWhenNotEnabled,
-                          &B::setAlwaysFalseWhenNotEnabled)
-                .help(u"使用不可のとき常にFalseを返すかどうかを設定します。")
-                .build(),
-            ev.build(),
-            [](ControlSite& site) { return std::make_shared<BooleanBox>(site); },
-            {1800, 300});
+        return ClassInfo(u"BooleanBox", ClassKind::Control,
+                         MemberTable<B>()
+                             .method(u"Cls", &B::cls)
+                             .help(u"値をFalseにします。")
+                             .method(u"Refresh", &B::refresh)
+                             .help(u"コントロールを再描画します。")
+                             .method(u"Restore", &B::restore)
+                             .help(u"Storeで保存した値に戻します。")
+                             .method(u"RestoreDefault", &B::restoreDefault)
+                             .help(u"値をDefaultValueにします。")
+                             .method(u"Store", &B::store)
+                             .help(u"現在の値を保存します。")
+                             .property(u"BackColor", &B::backColor, &B::setBackColor)
+                             .help(u"背景色を設定します。")
+                             .property(u"Caption", &B::caption, &B::setCaption)
+                             .help(u"表示文字列を設定します。")
+                             .property(u"DefaultValue", &B::defaultValue, &B::setDefaultValue)
+                             .help(u"既定値を設定します。（デザイン時のみ）")
+                             .property(u"Enabled", &B::enabled, &B::setEnabled)
+                             .help(u"入力の可否を設定します。")
+                             .property(u"Font", &B::font, &B::setFont)
+                             .help(u"フォントを設定します。")
+                             .property(u"ForeColor", &B::foreColor, &B::setForeColor)
+                             .help(u"文字色を設定します。")
+                             .property(u"KeyName", &B::keyName, &B::setKeyName)
+                             .help(u"値を保存するキー名を設定します。")
+                             .property(u"SectionName", &B::sectionName, &B::setSectionName)
+                             .help(u"値を保存するセクション名を設定します。")
+                             .property(u"Value", &B::value, &B::setValue)
+                             .help(u"値（True/False）を設定します。")
+                             .property(u"AlwaysFalseWhenNotEnabled", &B::alwaysFalseWhenNotEnabled,
+                                       &B::setAlwaysFalseWhenNotEnabled)
+                             .help(u"使用不可のとき常にFalseを返すかどうかを設定します。")
+                             .build(),
+                         ev.build(),
+                         [](ControlSite& site) { return std::make_shared<BooleanBox>(site); },
+                         {1800, 300});
     }();
     return info;
 }
@@ -130,32 +129,44 @@ void BooleanBox::resize() {
     raiseEvent(u"Resize");
 }
 
-void BooleanBox::cls() { setValue(false); }
+void BooleanBox::cls() {
+    setValue(false);
+}
 
 void BooleanBox::restore() {
     if (hostEquals(d->storedValue, u"")) return;  // nothing was ever stored
     d->chk->setValue(d->storedValue.toInteger());
 }
 
-void BooleanBox::restoreDefault() { setValue(d->defaultValue); }
+void BooleanBox::restoreDefault() {
+    setValue(d->defaultValue);
+}
 
-void BooleanBox::store() { d->storedValue = Variant(d->chk->value()).toString(); }
+void BooleanBox::store() {
+    d->storedValue = Variant(d->chk->value()).toString();
+}
 
-std::int32_t BooleanBox::backColor() const { return d->chk->backColor(); }
+std::int32_t BooleanBox::backColor() const {
+    return d->chk->backColor();
+}
 
 void BooleanBox::setBackColor(std::int32_t c) {
     d->chk->setBackColor(c);
     propertyChanged(u"BackColor");
 }
 
-std::u16string BooleanBox::caption() const { return d->chk->caption(); }
+std::u16string BooleanBox::caption() const {
+    return d->chk->caption();
+}
 
 void BooleanBox::setCaption(std::u16string c) {
     d->chk->setCaption(c);
     propertyChanged(u"Caption");
 }
 
-Boolean BooleanBox::defaultValue() const { return d->defaultValue; }
+Boolean BooleanBox::defaultValue() const {
+    return d->defaultValue;
+}
 
 void BooleanBox::setDefaultValue(Boolean v) {
     requireDesignTime();
@@ -164,14 +175,18 @@ void BooleanBox::setDefaultValue(Boolean v) {
     setValue(v);
 }
 
-bool BooleanBox::enabled() const { return d->chk->enabled(); }
+bool BooleanBox::enabled() const {
+    return d->chk->enabled();
+}
 
 void BooleanBox::setEnabled(bool v) {
     d->chk->setEnabled(v);
     propertyChanged(u"Enabled");
 }
 
-std::shared_ptr<Font> BooleanBox::font() const { return Font::make(d->chk->font()); }
+std::shared_ptr<Font> BooleanBox::font() const {
+    return Font::make(d->chk->font());
+}
 
 void BooleanBox::setFont(std::shared_ptr<Font> f) {
     if (!f) throw Error(err::ObjectRequired);
@@ -179,21 +194,27 @@ void BooleanBox::setFont(std::shared_ptr<Font> f) {
     propertyChanged(u"Font");
 }
 
-std::int32_t BooleanBox::foreColor() const { return d->chk->foreColor(); }
+std::int32_t BooleanBox::foreColor() const {
+    return d->chk->foreColor();
+}
 
 void BooleanBox::setForeColor(std::int32_t c) {
     d->chk->setForeColor(c);
     propertyChanged(u"ForeColor");
 }
 
-std::u16string BooleanBox::keyName() const { return d->keyName; }
+std::u16string BooleanBox::keyName() const {
+    return d->keyName;
+}
 
 void BooleanBox::setKeyName(std::u16string v) {
     d->keyName = std::move(v);
     propertyChanged(u"KeyName");
 }
 
-std::u16string BooleanBox::sectionName() const { return d->sectionName; }
+std::u16string BooleanBox::sectionName() const {
+    return d->sectionName;
+}
 
 void BooleanBox::setSectionName(std::u16string v) {
     d->sectionName = std::move(v);
@@ -216,15 +237,21 @@ void BooleanBox::setValue(Boolean v) {
     propertyChanged(u"Value");
 }
 
-Boolean BooleanBox::alwaysFalseWhenNotEnabled() const { return d->alwaysFalseWhenNotEnabled; }
+Boolean BooleanBox::alwaysFalseWhenNotEnabled() const {
+    return d->alwaysFalseWhenNotEnabled;
+}
 
 void BooleanBox::setAlwaysFalseWhenNotEnabled(Boolean v) {
     d->alwaysFalseWhenNotEnabled = v;
     propertyChanged(u"AlwaysFalseWhenNotEnabled");
 }
 
-const Variant& BooleanBox::storedValue() const { return d->storedValue; }
+const Variant& BooleanBox::storedValue() const {
+    return d->storedValue;
+}
 
-void BooleanBox::widgetEvent(Widget&, WidgetEvent& event) { passOn(event); }
+void BooleanBox::widgetEvent(Widget&, WidgetEvent& event) {
+    passOn(event);
+}
 
 }  // namespace corvex

@@ -26,9 +26,13 @@ float Control::innerHeight() const {
     return s.scaleY(s.scaleHeight(), s.scaleMode(), ScaleMode::Twips);
 }
 
-bool Control::userMode() const { return site_.ambient().userMode(); }
+bool Control::userMode() const {
+    return site_.ambient().userMode();
+}
 
-FontDesc Control::ambientFont() const { return site_.ambient().font(); }
+FontDesc Control::ambientFont() const {
+    return site_.ambient().font();
+}
 
 void Control::requireDesignTime() const {
     if (userMode()) throw Error(err::SetNotSupportedAtRuntime);
@@ -47,7 +51,9 @@ void Control::showRefusal(std::initializer_list<int> codes) const {
     corvex::showRefusal(site_, messageTable(), codes);
 }
 
-void Control::refresh() { site_.surface().refresh(); }
+void Control::refresh() {
+    site_.surface().refresh();
+}
 
 void Control::passOnKey(WidgetEvent& event) {
     switch (event.type) {
@@ -66,7 +72,8 @@ void Control::passOnKey(WidgetEvent& event) {
             event.keyAscii = args[0].toInteger();
             break;
         }
-        default: break;
+        default:
+            break;
     }
 }
 
@@ -86,15 +93,24 @@ void Control::passOnMouse(const WidgetEvent& event) {
 
 bool Control::passOn(WidgetEvent& event) {
     switch (event.type) {
-        case WidgetEventType::Click: raiseEvent(u"Click"); return true;
-        case WidgetEventType::DblClick: raiseEvent(u"DblClick"); return true;
+        case WidgetEventType::Click:
+            raiseEvent(u"Click");
+            return true;
+        case WidgetEventType::DblClick:
+            raiseEvent(u"DblClick");
+            return true;
         case WidgetEventType::KeyDown:
         case WidgetEventType::KeyPress:
-        case WidgetEventType::KeyUp: passOnKey(event); return true;
+        case WidgetEventType::KeyUp:
+            passOnKey(event);
+            return true;
         case WidgetEventType::MouseDown:
         case WidgetEventType::MouseMove:
-        case WidgetEventType::MouseUp: passOnMouse(event); return true;
-        default: return false;
+        case WidgetEventType::MouseUp:
+            passOnMouse(event);
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -104,7 +120,9 @@ std::vector<ParamInfo> keyCodeShift() {
     return {{u"KeyCode", VarType::Integer, false, true}, {u"Shift", VarType::Integer, false, true}};
 }
 
-std::vector<ParamInfo> keyAscii() { return {{u"KeyAscii", VarType::Integer, false, true}}; }
+std::vector<ParamInfo> keyAscii() {
+    return {{u"KeyAscii", VarType::Integer, false, true}};
+}
 
 std::vector<ParamInfo> mouse() {
     return {{u"Button", VarType::Integer, false, true},

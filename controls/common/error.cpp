@@ -8,19 +8,30 @@ namespace corvex {
 
 std::u16string standardErrorText(std::int32_t number) {
     switch (number) {
-        case err::Overflow: return u"Overflow";
-        case err::SubscriptOutOfRange: return u"Subscript out of range";
-        case err::TypeMismatch: return u"Type mismatch";
-        case err::ControlArrayElementMissing: return u"Control array element doesn't exist";
-        case err::InvalidPropertyValue: return u"Invalid property value";
-        case err::SetNotSupportedAtRuntime: return u"Property cannot be set at run time";
-        case err::SetNotSupported: return u"Property is read-only";
-        case err::GetNotSupported: return u"Property is write-only";
-        case err::ObjectRequired: return u"Object required";
-        case err::MemberNotFound: return u"Object doesn't support this property or method";
+        case err::Overflow:
+            return u"Overflow";
+        case err::SubscriptOutOfRange:
+            return u"Subscript out of range";
+        case err::TypeMismatch:
+            return u"Type mismatch";
+        case err::ControlArrayElementMissing:
+            return u"Control array element doesn't exist";
+        case err::InvalidPropertyValue:
+            return u"Invalid property value";
+        case err::SetNotSupportedAtRuntime:
+            return u"Property cannot be set at run time";
+        case err::SetNotSupported:
+            return u"Property is read-only";
+        case err::GetNotSupported:
+            return u"Property is write-only";
+        case err::ObjectRequired:
+            return u"Object required";
+        case err::MemberNotFound:
+            return u"Object doesn't support this property or method";
         case err::WrongArguments:
             return u"Wrong number of arguments or invalid property assignment";
-        default: return u"Application-defined or object-defined error";
+        default:
+            return u"Application-defined or object-defined error";
     }
 }
 

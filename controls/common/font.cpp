@@ -3,19 +3,19 @@
 namespace corvex {
 
 const ClassInfo& Font::staticClassInfo() {
-    static const ClassInfo info(u"Font", ClassKind::Object,
-                                MemberTable<Font>()
-                                    .property(u"Name", &Font::name, &Font::setName)
-                                    .property(u"Size", &Font::size, &Font::setSize)
-                                    .property(u"Bold", &Font::bold, &Font::setBold)
-                                    .property(u"Italic", &Font::italic, &Font::setItalic)
-                                    .property(u"Underline", &Font::underline, &Font::setUnderline)
-                                    .property(u"Strikethrough", &Font::strikethrough,
-                                              &Font::setStrikethrough)
-                                    .property(u"Weight", &Font::weight, &Font::setWeight)
-                                    .property(u"Charset", &Font::charset, &Font::setCharset)
-                                    .build(),
-                                {});
+    static const ClassInfo info(
+        u"Font", ClassKind::Object,
+        MemberTable<Font>()
+            .property(u"Name", &Font::name, &Font::setName)
+            .property(u"Size", &Font::size, &Font::setSize)
+            .property(u"Bold", &Font::bold, &Font::setBold)
+            .property(u"Italic", &Font::italic, &Font::setItalic)
+            .property(u"Underline", &Font::underline, &Font::setUnderline)
+            .property(u"Strikethrough", &Font::strikethrough, &Font::setStrikethrough)
+            .property(u"Weight", &Font::weight, &Font::setWeight)
+            .property(u"Charset", &Font::charset, &Font::setCharset)
+            .build(),
+        {});
     return info;
 }
 

@@ -27,8 +27,12 @@ std::u16string MessageTable::text(int code, bool japanese) const {
     return japanese ? fallback_.japanese : fallback_.english;
 }
 
-MessageText undefinedWithStop() { return {0, u"未定義", u"Undefined."}; }
-MessageText undefinedWithoutStop() { return {0, u"未定義", u"Undefined"}; }
+MessageText undefinedWithStop() {
+    return {0, u"未定義", u"Undefined."};
+}
+MessageText undefinedWithoutStop() {
+    return {0, u"未定義", u"Undefined"};
+}
 
 std::u16string messageText(ControlSite& site, const MessageTable& table, int code) {
     return table.text(code, site.ambient().localeId() == LocaleJapanese);

@@ -22,8 +22,8 @@ struct Decimal {
 // ignores the process locale, whose decimal point need not be ".".
 Decimal roundToDigits(double magnitude, int significantDigits) {
     char buf[64];
-    const auto r = std::to_chars(buf, buf + sizeof buf, magnitude,
-                                 std::chars_format::scientific, significantDigits - 1);
+    const auto r = std::to_chars(buf, buf + sizeof buf, magnitude, std::chars_format::scientific,
+                                 significantDigits - 1);
     Decimal d;
     const char* p = buf;
     for (; p != r.ptr && *p != 'e'; ++p) {
@@ -86,8 +86,12 @@ std::u16string formatNumber(double value, int significantDigits, int fixedLimit)
     return widen(out);
 }
 
-bool isBlank(char16_t c) { return c == u' ' || c == u'\t'; }
-bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
+bool isBlank(char16_t c) {
+    return c == u' ' || c == u'\t';
+}
+bool isDigit(char16_t c) {
+    return c >= u'0' && c <= u'9';
+}
 
 // Enough significant digits to decide the correctly rounded Double of any decimal:
 // a Double's halfway points need at most 767 of them. Digits beyond these only
@@ -102,7 +106,9 @@ constexpr std::int64_t kExponentCap = 1'000'000'000;
 
 }  // namespace
 
-std::u16string formatDouble(double value) { return formatNumber(value, 15, 15); }
+std::u16string formatDouble(double value) {
+    return formatNumber(value, 15, 15);
+}
 
 std::u16string formatSingle(float value) {
     // float -> double is exact, so the rounding to 7 digits is from the Single's own value.
@@ -130,7 +136,7 @@ ParsedNumber parseDouble(std::u16string_view text) {
     // Significant digits without leading zeros, and where the decimal point falls
     // relative to them: value = 0.<digits> x 10^pointPos.
     std::string digits;
-    bool sticky = false;       // a non-zero digit was dropped past kKeptDigits
+    bool sticky = false;  // a non-zero digit was dropped past kKeptDigits
     std::int64_t pointPos = 0;
     std::size_t digitCount = 0;
 

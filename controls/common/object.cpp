@@ -74,14 +74,17 @@ Boolean ArgTraits<Boolean>::from(const Variant& v) {
     // A 16-bit value passed for a Boolean is carried as it is, so that a let can tell
     // True (-1) and False (0) from other numbers; everything else converts.
     switch (v.type()) {
-        case VarType::Boolean: return v.asBoolean();
-        case VarType::Integer: return Boolean::fromRaw(v.asInteger());
+        case VarType::Boolean:
+            return v.asBoolean();
+        case VarType::Integer:
+            return Boolean::fromRaw(v.asInteger());
         case VarType::Long:
             if (v.asLong() >= -32768 && v.asLong() <= 32767) {
                 return Boolean::fromRaw(static_cast<std::int16_t>(v.asLong()));
             }
             return v.toBoolean();
-        default: return v.toBoolean();
+        default:
+            return v.toBoolean();
     }
 }
 

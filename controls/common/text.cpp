@@ -57,8 +57,10 @@ std::u16string fromUtf8(std::string_view text) {
         }
         bool ok = len > 0 && i + len <= text.size();
         for (std::size_t k = 1; ok && k < len; ++k) {
-            if ((byte(i + k) & 0xC0) != 0x80) ok = false;
-            else c = (c << 6) | (byte(i + k) & 0x3F);
+            if ((byte(i + k) & 0xC0) != 0x80)
+                ok = false;
+            else
+                c = (c << 6) | (byte(i + k) & 0x3F);
         }
         // Overlong forms, surrogates and values past U+10FFFF are not UTF-8.
         if (ok && ((len == 2 && c < 0x80) || (len == 3 && c < 0x800) || (len == 4 && c < 0x10000) ||
@@ -83,7 +85,9 @@ std::u16string fromUtf8(std::string_view text) {
 }
 
 namespace {
-char16_t upper(char16_t c) { return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c; }
+char16_t upper(char16_t c) {
+    return (c >= u'a' && c <= u'z') ? static_cast<char16_t>(c - 32) : c;
+}
 }  // namespace
 
 bool equalsIgnoringCase(std::u16string_view a, std::u16string_view b) {

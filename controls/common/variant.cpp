@@ -12,14 +12,22 @@ namespace corvex {
 
 std::u16string_view typeName(VarType type) {
     switch (type) {
-        case VarType::Empty: return u"Empty";
-        case VarType::Boolean: return u"Boolean";
-        case VarType::Integer: return u"Integer";
-        case VarType::Long: return u"Long";
-        case VarType::Single: return u"Single";
-        case VarType::Double: return u"Double";
-        case VarType::String: return u"String";
-        case VarType::Object: return u"Object";
+        case VarType::Empty:
+            return u"Empty";
+        case VarType::Boolean:
+            return u"Boolean";
+        case VarType::Integer:
+            return u"Integer";
+        case VarType::Long:
+            return u"Long";
+        case VarType::Single:
+            return u"Single";
+        case VarType::Double:
+            return u"Double";
+        case VarType::String:
+            return u"String";
+        case VarType::Object:
+            return u"Object";
     }
     return u"Empty";
 }
@@ -30,8 +38,10 @@ bool Variant::isNumeric() const {
         case VarType::Integer:
         case VarType::Long:
         case VarType::Single:
-        case VarType::Double: return true;
-        default: return false;
+        case VarType::Double:
+            return true;
+        default:
+            return false;
     }
 }
 
@@ -40,19 +50,26 @@ namespace {
 // The numeric value of a non-text, non-object value (Empty is 0, True is -1).
 double numericValue(const Variant& v) {
     switch (v.type()) {
-        case VarType::Empty: return 0;
-        case VarType::Boolean: return v.asBoolean().raw;
-        case VarType::Integer: return v.asInteger();
-        case VarType::Long: return v.asLong();
-        case VarType::Single: return v.asSingle();
-        case VarType::Double: return v.asDouble();
+        case VarType::Empty:
+            return 0;
+        case VarType::Boolean:
+            return v.asBoolean().raw;
+        case VarType::Integer:
+            return v.asInteger();
+        case VarType::Long:
+            return v.asLong();
+        case VarType::Single:
+            return v.asSingle();
+        case VarType::Double:
+            return v.asDouble();
         case VarType::String: {
             const ParsedNumber p = parseDouble(v.asString());
             if (p.status == ParseStatus::Overflow) throw Error(err::Overflow);
             if (p.status != ParseStatus::Ok) throw Error(err::TypeMismatch);
             return p.value;
         }
-        case VarType::Object: throw Error(err::TypeMismatch);
+        case VarType::Object:
+            throw Error(err::TypeMismatch);
     }
     throw Error(err::TypeMismatch);
 }
@@ -72,14 +89,22 @@ T roundedInRange(double d) {
 
 std::u16string Variant::toString() const {
     switch (type()) {
-        case VarType::Empty: return u"";
-        case VarType::Boolean: return asBoolean().raw != 0 ? u"True" : u"False";
-        case VarType::Integer: return fromUtf8(std::to_string(asInteger()));
-        case VarType::Long: return fromUtf8(std::to_string(asLong()));
-        case VarType::Single: return formatSingle(asSingle());
-        case VarType::Double: return formatDouble(asDouble());
-        case VarType::String: return asString();
-        case VarType::Object: throw Error(err::TypeMismatch);
+        case VarType::Empty:
+            return u"";
+        case VarType::Boolean:
+            return asBoolean().raw != 0 ? u"True" : u"False";
+        case VarType::Integer:
+            return fromUtf8(std::to_string(asInteger()));
+        case VarType::Long:
+            return fromUtf8(std::to_string(asLong()));
+        case VarType::Single:
+            return formatSingle(asSingle());
+        case VarType::Double:
+            return formatDouble(asDouble());
+        case VarType::String:
+            return asString();
+        case VarType::Object:
+            throw Error(err::TypeMismatch);
     }
     return u"";
 }
@@ -103,7 +128,9 @@ float Variant::toSingle() const {
     return static_cast<float>(d);
 }
 
-double Variant::toDouble() const { return numericValue(*this); }
+double Variant::toDouble() const {
+    return numericValue(*this);
+}
 
 Boolean Variant::toBoolean() const {
     if (type() == VarType::Boolean) return asBoolean() ? Boolean(true) : Boolean(false);

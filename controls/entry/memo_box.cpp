@@ -54,52 +54,52 @@ const ClassInfo& MemoBox::staticClassInfo() {
             .event(u"MouseMove", events::mouse())
             .event(u"MouseUp", events::mouse());
         events::addDeclaredLifecycle(ev);
-        return ClassInfo(
-            u"MemoBox", ClassKind::Control,
-            MemberTable<M>()
-                .method(u"Cls", &M::cls)
-                .help(u"テキストを消去します。")
-                .method(u"Refresh", &M::refresh)
-                .help(u"コントロールを再描画します。")
-                .method(u"Restore", &M::restore)
-                .help(u"Storeで保存したテキストに戻します。")
-                .method(u"RestoreDefault", &M::restoreDefault)
-                .help(u"テキストをDefaultValueにします。")
-                .method(u"Store", &M::store)
-                .help(u"現在のテキストを保存します。")
-                .method(u"CanPropertyChange", &M::canPropertyChange, {u"PropertyName"})
-                .help(u"常にFalseを返します。")
-                .property(u"BackColor", &M::backColor, &M::setBackColor)
-                .help(u"背景色を設定します。")
-                .property(u"DefaultValue", &M::defaultValue, &M::setDefaultValue)
-                .help(u"既定値を設定します。（デザイン時のみ）")
-                .property(u"Enabled", &M::enabled, &M::setEnabled)
-                .help(u"入力の可否を設定します。")
-                .property(u"Font", &M::font, &M::setFont)
-                .help(u"フォントを設定します。")
-                .property(u"ForeColor", &M::foreColor, &M::setForeColor)
-                .help(u"文字色を設定します。")
-                .property(u"IMEMode", &M::imeMode, &M::setImeMode)
-                .help(u"IMEのモードを設定します。")
-                .property(u"KeyName", &M::keyName, &M::setKeyName)
-                .help(u"値を保存するキー名を設定します。")
-                .property(u"ScrollBars", &M::scrollBars, &M::setScrollBars)
-                .help(u"スクロールバーの種類を設定します。")
-                .property(u"SectionName", &M::sectionName, &M::setSectionName)
-                .help(u"値を保存するセクション名を設定します。")
-                .property(u"SelLength", &M::selLength, &M::setSelLength)
-                .help(u"選択文字数を設定します。")
-                .property(u"SelStart", &M::selStart, &M::setSelStart)
-                .help(u"選択開始位置を設定します。")
-                .property(u"SelText", &M::selText, &M::setSelText)
-                .help(u"選択文字列を設定します。")
-                .property(u"Text", &M::text, &M::setText)
-                .help(u"テキストを設定します。")
-                .property(u"Value", &M::value, &M::setValue)
-                .help(u"値（テキスト）を設定します。")
-                .build(),
-            ev.build(), [](ControlSite& site) { return std::make_shared<MemoBox>(site); },
-            {3600, 1200});
+        return ClassInfo(u"MemoBox", ClassKind::Control,
+                         MemberTable<M>()
+                             .method(u"Cls", &M::cls)
+                             .help(u"テキストを消去します。")
+                             .method(u"Refresh", &M::refresh)
+                             .help(u"コントロールを再描画します。")
+                             .method(u"Restore", &M::restore)
+                             .help(u"Storeで保存したテキストに戻します。")
+                             .method(u"RestoreDefault", &M::restoreDefault)
+                             .help(u"テキストをDefaultValueにします。")
+                             .method(u"Store", &M::store)
+                             .help(u"現在のテキストを保存します。")
+                             .method(u"CanPropertyChange", &M::canPropertyChange, {u"PropertyName"})
+                             .help(u"常にFalseを返します。")
+                             .property(u"BackColor", &M::backColor, &M::setBackColor)
+                             .help(u"背景色を設定します。")
+                             .property(u"DefaultValue", &M::defaultValue, &M::setDefaultValue)
+                             .help(u"既定値を設定します。（デザイン時のみ）")
+                             .property(u"Enabled", &M::enabled, &M::setEnabled)
+                             .help(u"入力の可否を設定します。")
+                             .property(u"Font", &M::font, &M::setFont)
+                             .help(u"フォントを設定します。")
+                             .property(u"ForeColor", &M::foreColor, &M::setForeColor)
+                             .help(u"文字色を設定します。")
+                             .property(u"IMEMode", &M::imeMode, &M::setImeMode)
+                             .help(u"IMEのモードを設定します。")
+                             .property(u"KeyName", &M::keyName, &M::setKeyName)
+                             .help(u"値を保存するキー名を設定します。")
+                             .property(u"ScrollBars", &M::scrollBars, &M::setScrollBars)
+                             .help(u"スクロールバーの種類を設定します。")
+                             .property(u"SectionName", &M::sectionName, &M::setSectionName)
+                             .help(u"値を保存するセクション名を設定します。")
+                             .property(u"SelLength", &M::selLength, &M::setSelLength)
+                             .help(u"選択文字数を設定します。")
+                             .property(u"SelStart", &M::selStart, &M::setSelStart)
+                             .help(u"選択開始位置を設定します。")
+                             .property(u"SelText", &M::selText, &M::setSelText)
+                             .help(u"選択文字列を設定します。")
+                             .property(u"Text", &M::text, &M::setText)
+                             .help(u"テキストを設定します。")
+                             .property(u"Value", &M::value, &M::setValue)
+                             .help(u"値（テキスト）を設定します。")
+                             .build(),
+                         ev.build(),
+                         [](ControlSite& site) { return std::make_shared<MemoBox>(site); },
+                         {3600, 1200});
     }();
     return info;
 }
@@ -212,18 +212,26 @@ void MemoBox::restoreDefault() {
     forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
 }
 
-void MemoBox::store() { d->storedValue = visibleBox().text(); }
+void MemoBox::store() {
+    d->storedValue = visibleBox().text();
+}
 
-bool MemoBox::canPropertyChange(Variant&) { return false; }
+bool MemoBox::canPropertyChange(Variant&) {
+    return false;
+}
 
-std::int32_t MemoBox::backColor() const { return visibleBox().backColor(); }
+std::int32_t MemoBox::backColor() const {
+    return visibleBox().backColor();
+}
 
 void MemoBox::setBackColor(std::int32_t c) {
     forEachBox([&](TextBox& b) { b.setBackColor(c); });
     propertyChanged(u"BackColor");
 }
 
-std::u16string MemoBox::defaultValue() const { return d->defaultValue; }
+std::u16string MemoBox::defaultValue() const {
+    return d->defaultValue;
+}
 
 void MemoBox::setDefaultValue(std::u16string v) {
     requireDesignTime();
@@ -232,14 +240,18 @@ void MemoBox::setDefaultValue(std::u16string v) {
     setValue(std::move(v));
 }
 
-bool MemoBox::enabled() const { return visibleBox().enabled(); }
+bool MemoBox::enabled() const {
+    return visibleBox().enabled();
+}
 
 void MemoBox::setEnabled(bool v) {
     forEachBox([&](TextBox& b) { b.setEnabled(v); });
     propertyChanged(u"Enabled");
 }
 
-std::shared_ptr<Font> MemoBox::font() const { return Font::make(visibleBox().font()); }
+std::shared_ptr<Font> MemoBox::font() const {
+    return Font::make(visibleBox().font());
+}
 
 void MemoBox::setFont(std::shared_ptr<Font> f) {
     if (!f) throw Error(err::ObjectRequired);
@@ -247,7 +259,9 @@ void MemoBox::setFont(std::shared_ptr<Font> f) {
     propertyChanged(u"Font");
 }
 
-std::int32_t MemoBox::foreColor() const { return visibleBox().foreColor(); }
+std::int32_t MemoBox::foreColor() const {
+    return visibleBox().foreColor();
+}
 
 void MemoBox::setForeColor(std::int32_t c) {
     forEachBox([&](TextBox& b) { b.setForeColor(c); });
@@ -264,14 +278,18 @@ void MemoBox::setImeMode(CorvexIMEMode m) {
     propertyChanged(u"IMEMode");
 }
 
-std::u16string MemoBox::keyName() const { return d->keyName; }
+std::u16string MemoBox::keyName() const {
+    return d->keyName;
+}
 
 void MemoBox::setKeyName(std::u16string v) {
     d->keyName = std::move(v);
     propertyChanged(u"KeyName");
 }
 
-ScrollBarsMode MemoBox::scrollBars() const { return static_cast<ScrollBarsMode>(d->scrollBars); }
+ScrollBarsMode MemoBox::scrollBars() const {
+    return static_cast<ScrollBarsMode>(d->scrollBars);
+}
 
 void MemoBox::setScrollBars(ScrollBarsMode m) {
     d->scrollBars = static_cast<std::int32_t>(m);
@@ -279,42 +297,54 @@ void MemoBox::setScrollBars(ScrollBarsMode m) {
     propertyChanged(u"ScrollBars");
 }
 
-std::u16string MemoBox::sectionName() const { return d->sectionName; }
+std::u16string MemoBox::sectionName() const {
+    return d->sectionName;
+}
 
 void MemoBox::setSectionName(std::u16string v) {
     d->sectionName = std::move(v);
     propertyChanged(u"SectionName");
 }
 
-std::int32_t MemoBox::selLength() const { return visibleBox().selLength(); }
+std::int32_t MemoBox::selLength() const {
+    return visibleBox().selLength();
+}
 
 void MemoBox::setSelLength(std::int32_t n) {
     forEachBox([&](TextBox& b) { b.setSelLength(n); });
     propertyChanged(u"SelLength");
 }
 
-std::int32_t MemoBox::selStart() const { return visibleBox().selStart(); }
+std::int32_t MemoBox::selStart() const {
+    return visibleBox().selStart();
+}
 
 void MemoBox::setSelStart(std::int32_t n) {
     forEachBox([&](TextBox& b) { b.setSelStart(n); });
     propertyChanged(u"SelStart");
 }
 
-std::u16string MemoBox::selText() const { return visibleBox().selText(); }
+std::u16string MemoBox::selText() const {
+    return visibleBox().selText();
+}
 
 void MemoBox::setSelText(std::u16string t) {
     forEachBox([&](TextBox& b) { b.setSelText(t); });
     propertyChanged(u"SelText");
 }
 
-std::u16string MemoBox::text() const { return visibleBox().text(); }
+std::u16string MemoBox::text() const {
+    return visibleBox().text();
+}
 
 void MemoBox::setText(std::u16string t) {
     forEachBox([&](TextBox& b) { b.setText(t); });
     propertyChanged(u"Text");
 }
 
-std::u16string MemoBox::value() const { return text(); }
+std::u16string MemoBox::value() const {
+    return text();
+}
 
 void MemoBox::setValue(std::u16string v) {
     forEachBox([&](TextBox& b) { b.setText(v); });
@@ -322,6 +352,8 @@ void MemoBox::setValue(std::u16string v) {
     propertyChanged(u"Text");
 }
 
-const Variant& MemoBox::storedValue() const { return d->storedValue; }
+const Variant& MemoBox::storedValue() const {
+    return d->storedValue;
+}
 
 }  // namespace corvex

@@ -145,7 +145,9 @@ const ClassInfo& NumInputBoxR::staticClassInfo() {
     return info;
 }
 
-const MessageTable& NumericInputBox::messageTable() const { return numeric::messages(); }
+const MessageTable& NumericInputBox::messageTable() const {
+    return numeric::messages();
+}
 
 // --- lifecycle ---------------------------------------------------------------------
 
@@ -171,8 +173,8 @@ void NumericInputBox::readProperties(PropertyBag& bag) {
     t.setForeColor(readSaved<std::int32_t>(bag, u"ForeColor", color::WindowText));
     t.setImeMode(readSaved<std::int16_t>(bag, u"IMEMode", std::int32_t{kDefaultIme}));
     // The font goes through the Font property, as a designer sets it.
-    setFont(Font::make(
-        readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant)));
+    setFont(
+        Font::make(readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant)));
     t.setMaxLength(readSaved<std::int16_t>(bag, u"MaxLength", std::int16_t{0}));
     d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
     d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
@@ -261,7 +263,9 @@ void NumericInputBox::widgetEvent(Widget&, WidgetEvent& event) {
         case WidgetEventType::LostFocus:
             if (d->validateAtLostFocus && !validateInput()) d->txt->setFocus();
             break;
-        default: passOn(event); break;
+        default:
+            passOn(event);
+            break;
     }
 }
 
@@ -286,19 +290,33 @@ T NumericInputBox::typedRead(T& last, Read read) {
 
 // --- members -----------------------------------------------------------------------
 
-void NumericInputBox::cls() { d->txt->setText(u""); }
+void NumericInputBox::cls() {
+    d->txt->setText(u"");
+}
 
-void NumericInputBox::restore() { d->txt->setText(d->storedValue.toString()); }
+void NumericInputBox::restore() {
+    d->txt->setText(d->storedValue.toString());
+}
 
-void NumericInputBox::restoreDefault() { setValue(d->defaultValue); }
+void NumericInputBox::restoreDefault() {
+    setValue(d->defaultValue);
+}
 
-void NumericInputBox::store() { d->storedValue = d->txt->text(); }
+void NumericInputBox::store() {
+    d->storedValue = d->txt->text();
+}
 
-bool NumericInputBox::cancel() { return !validateInput(); }
+bool NumericInputBox::cancel() {
+    return !validateInput();
+}
 
-bool NumericInputBox::validateValue() { return validateInput(); }
+bool NumericInputBox::validateValue() {
+    return validateInput();
+}
 
-std::int32_t NumericInputBox::backColor() const { return d->txt->backColor(); }
+std::int32_t NumericInputBox::backColor() const {
+    return d->txt->backColor();
+}
 
 void NumericInputBox::setBackColor(std::int32_t c) {
     d->txt->setBackColor(c);
@@ -306,7 +324,9 @@ void NumericInputBox::setBackColor(std::int32_t c) {
     refresh();
 }
 
-std::u16string NumericInputBox::defaultValue() const { return d->defaultValue; }
+std::u16string NumericInputBox::defaultValue() const {
+    return d->defaultValue;
+}
 
 void NumericInputBox::setDefaultValue(std::u16string v) {
     requireDesignTime();
@@ -315,16 +335,22 @@ void NumericInputBox::setDefaultValue(std::u16string v) {
     setValue(std::move(v));
 }
 
-bool NumericInputBox::enabled() const { return d->txt->enabled(); }
+bool NumericInputBox::enabled() const {
+    return d->txt->enabled();
+}
 
 void NumericInputBox::setEnabled(bool v) {
     d->txt->setEnabled(v);
     propertyChanged(u"Enabled");
 }
 
-bool NumericInputBox::errFlag() const { return d->errFlag; }
+bool NumericInputBox::errFlag() const {
+    return d->errFlag;
+}
 
-std::shared_ptr<Font> NumericInputBox::font() const { return Font::make(d->txt->font()); }
+std::shared_ptr<Font> NumericInputBox::font() const {
+    return Font::make(d->txt->font());
+}
 
 void NumericInputBox::setFont(std::shared_ptr<Font> f) {
     if (!f) throw Error(err::ObjectRequired);
@@ -333,7 +359,9 @@ void NumericInputBox::setFont(std::shared_ptr<Font> f) {
     refresh();
 }
 
-std::int32_t NumericInputBox::foreColor() const { return d->txt->foreColor(); }
+std::int32_t NumericInputBox::foreColor() const {
+    return d->txt->foreColor();
+}
 
 void NumericInputBox::setForeColor(std::int32_t c) {
     d->txt->setForeColor(c);
@@ -350,21 +378,27 @@ void NumericInputBox::setImeMode(CorvexIMEMode m) {
     propertyChanged(u"IMEMode");
 }
 
-std::u16string NumericInputBox::keyName() const { return d->keyName; }
+std::u16string NumericInputBox::keyName() const {
+    return d->keyName;
+}
 
 void NumericInputBox::setKeyName(std::u16string v) {
     d->keyName = std::move(v);
     propertyChanged(u"KeyName");
 }
 
-bool NumericInputBox::limitCheck() const { return d->limitCheck; }
+bool NumericInputBox::limitCheck() const {
+    return d->limitCheck;
+}
 
 void NumericInputBox::setLimitCheck(bool v) {
     d->limitCheck = v;
     propertyChanged(u"LimitCheck");
 }
 
-double NumericInputBox::lowerLimit() const { return d->lowerLimit; }
+double NumericInputBox::lowerLimit() const {
+    return d->lowerLimit;
+}
 
 void NumericInputBox::setLowerLimit(double v) {
     if (!(v <= d->upperLimit)) return refuse(numeric::LimitError, numeric::code::BadLowerLimit);
@@ -382,7 +416,9 @@ void NumericInputBox::setMaxLength(std::int16_t n) {
     propertyChanged(u"MaxLength");
 }
 
-InputMode NumericInputBox::mode() const { return static_cast<InputMode>(d->mode); }
+InputMode NumericInputBox::mode() const {
+    return static_cast<InputMode>(d->mode);
+}
 
 void NumericInputBox::setMode(InputMode m) {
     const auto value = static_cast<std::int32_t>(m);
@@ -391,56 +427,72 @@ void NumericInputBox::setMode(InputMode m) {
     propertyChanged(u"Mode");
 }
 
-bool NumericInputBox::mustEnter() const { return d->mustEnter; }
+bool NumericInputBox::mustEnter() const {
+    return d->mustEnter;
+}
 
 void NumericInputBox::setMustEnter(bool v) {
     d->mustEnter = v;  // the colour follows at the next text change
     propertyChanged(u"MustEnter");
 }
 
-std::int32_t NumericInputBox::mustEnterColor() const { return d->mustEnterColor; }
+std::int32_t NumericInputBox::mustEnterColor() const {
+    return d->mustEnterColor;
+}
 
 void NumericInputBox::setMustEnterColor(std::int32_t c) {
     d->mustEnterColor = c;
     propertyChanged(u"MustEnterColor");
 }
 
-std::u16string NumericInputBox::sectionName() const { return d->sectionName; }
+std::u16string NumericInputBox::sectionName() const {
+    return d->sectionName;
+}
 
 void NumericInputBox::setSectionName(std::u16string v) {
     // Unlike KeyName, a new section name does not mark the control as changed.
     d->sectionName = std::move(v);
 }
 
-std::int32_t NumericInputBox::selLength() const { return d->txt->selLength(); }
+std::int32_t NumericInputBox::selLength() const {
+    return d->txt->selLength();
+}
 
 void NumericInputBox::setSelLength(std::int32_t n) {
     d->txt->setSelLength(n);
     propertyChanged(u"SelLength");
 }
 
-std::int32_t NumericInputBox::selStart() const { return d->txt->selStart(); }
+std::int32_t NumericInputBox::selStart() const {
+    return d->txt->selStart();
+}
 
 void NumericInputBox::setSelStart(std::int32_t n) {
     d->txt->setSelStart(n);
     propertyChanged(u"SelStart");
 }
 
-std::u16string NumericInputBox::selText() const { return d->txt->selText(); }
+std::u16string NumericInputBox::selText() const {
+    return d->txt->selText();
+}
 
 void NumericInputBox::setSelText(std::u16string t) {
     d->txt->setSelText(t);
     propertyChanged(u"SelText");
 }
 
-std::u16string NumericInputBox::text() const { return d->txt->text(); }
+std::u16string NumericInputBox::text() const {
+    return d->txt->text();
+}
 
 void NumericInputBox::setText(std::u16string t) {
     d->txt->setText(t);
     propertyChanged(u"Text");
 }
 
-double NumericInputBox::upperLimit() const { return d->upperLimit; }
+double NumericInputBox::upperLimit() const {
+    return d->upperLimit;
+}
 
 void NumericInputBox::setUpperLimit(double v) {
     if (!(v >= d->lowerLimit)) return refuse(numeric::LimitError, numeric::code::BadUpperLimit);
@@ -448,37 +500,55 @@ void NumericInputBox::setUpperLimit(double v) {
     propertyChanged(u"UpperLimit");
 }
 
-double NumericInputBox::valDbl() { return typedRead(d->lastDbl, numeric::valDbl); }
+double NumericInputBox::valDbl() {
+    return typedRead(d->lastDbl, numeric::valDbl);
+}
 
-bool NumericInputBox::validateAtLostFocus() const { return d->validateAtLostFocus; }
+bool NumericInputBox::validateAtLostFocus() const {
+    return d->validateAtLostFocus;
+}
 
 void NumericInputBox::setValidateAtLostFocus(bool v) {
     d->validateAtLostFocus = v;
     propertyChanged(u"ValidateAtLostFocus");
 }
 
-std::int16_t NumericInputBox::valInt() { return typedRead(d->lastInt, numeric::valInt); }
+std::int16_t NumericInputBox::valInt() {
+    return typedRead(d->lastInt, numeric::valInt);
+}
 
-std::int32_t NumericInputBox::valLng() { return typedRead(d->lastLng, numeric::valLng); }
+std::int32_t NumericInputBox::valLng() {
+    return typedRead(d->lastLng, numeric::valLng);
+}
 
-float NumericInputBox::valSng() { return typedRead(d->lastSng, numeric::valSng); }
+float NumericInputBox::valSng() {
+    return typedRead(d->lastSng, numeric::valSng);
+}
 
-std::u16string NumericInputBox::value() const { return d->txt->text(); }
+std::u16string NumericInputBox::value() const {
+    return d->txt->text();
+}
 
 void NumericInputBox::setValue(std::u16string v) {
     d->txt->setText(v);
     propertyChanged(u"Value");
 }
 
-std::int32_t NumericInputBox::errBase() const { return d->errBase; }
+std::int32_t NumericInputBox::errBase() const {
+    return d->errBase;
+}
 
 void NumericInputBox::setErrBase(std::int32_t v) {
     d->errBase = v;
     propertyChanged(u"ErrBase");
 }
 
-const Variant& NumericInputBox::storedValue() const { return d->storedValue; }
+const Variant& NumericInputBox::storedValue() const {
+    return d->storedValue;
+}
 
-std::int32_t NumericInputBox::normalBackColor() const { return d->normalBackColor; }
+std::int32_t NumericInputBox::normalBackColor() const {
+    return d->normalBackColor;
+}
 
 }  // namespace corvex

@@ -22,7 +22,8 @@ const MessageTable& messages() {
             {2008, u"変換後の文字数が", u"The character number of converted value"},
             {2009, u"入力を許可されている", u"overed the defined maximum limitation."},
             {2010, u"最大値を越えました", u""},
-            {2011, u"このプロパティには0から4の整数を入力して下さい", u"Valid value is from 0 to 4."},
+            {2011, u"このプロパティには0から4の整数を入力して下さい",
+             u"Valid value is from 0 to 4."},
             {2012, u"このプロパティにはUpperLimit以下の数値を入力して下さい",
              u"Enter below UpperLimit value."},
             {2013, u"このプロパティにはLowerLimit以上の数値を入力して下さい",
@@ -39,7 +40,9 @@ const MessageTable& messages() {
 
 namespace {
 
-bool isExponentLetter(char16_t c) { return c == u'E' || c == u'D' || c == u'e' || c == u'd'; }
+bool isExponentLetter(char16_t c) {
+    return c == u'E' || c == u'D' || c == u'e' || c == u'd';
+}
 
 bool containsAny(std::u16string_view text, bool (*pred)(char16_t)) {
     for (char16_t c : text) {
@@ -48,7 +51,9 @@ bool containsAny(std::u16string_view text, bool (*pred)(char16_t)) {
     return false;
 }
 
-bool decimalMode(std::int32_t mode) { return mode == 0 || mode == 1; }
+bool decimalMode(std::int32_t mode) {
+    return mode == 0 || mode == 1;
+}
 
 }  // namespace
 
@@ -92,7 +97,9 @@ std::int16_t filterKey(std::int32_t mode, std::int16_t keyAscii, std::int32_t ca
 bool clipboardKey(std::int16_t keyCode, std::int16_t shift, TextBox& box, Clipboard& clipboard) {
     if ((shift & key::CtrlMask) == 0) return false;
     switch (keyCode) {
-        case 'C': clipboard.setText(box.selText()); return true;
+        case 'C':
+            clipboard.setText(box.selText());
+            return true;
         case 'X':
             clipboard.setText(box.selText());
             box.setSelText(u"");
@@ -101,7 +108,8 @@ bool clipboardKey(std::int16_t keyCode, std::int16_t shift, TextBox& box, Clipbo
             // Pasted text is not filtered: the validation catches what does not belong.
             box.setSelText(clipboard.text());
             return true;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -120,8 +128,8 @@ Validation validate(std::int32_t mode, const std::u16string& text, const Limits&
     }
     // A dangling exponent counts as exponent 0.
     const auto endsWith = [&](std::u16string_view suffix) {
-        return s.size() >= suffix.size() && s.compare(s.size() - suffix.size(), suffix.size(),
-                                                      suffix) == 0;
+        return s.size() >= suffix.size() &&
+               s.compare(s.size() - suffix.size(), suffix.size(), suffix) == 0;
     };
     if (isExponentLetter(s.back()) || endsWith(u"d-") || endsWith(u"D-") || endsWith(u"e-") ||
         endsWith(u"E-")) {
@@ -215,6 +223,8 @@ std::int32_t valLng(const std::u16string& text, const ReaderContext& ctx) {
                                    [](const Variant& v) { return v.toLong(); });
 }
 
-bool modeAccepted(std::int32_t mode) { return mode >= 0 && mode <= 4; }
+bool modeAccepted(std::int32_t mode) {
+    return mode >= 0 && mode <= 4;
+}
 
 }  // namespace corvex::numeric

@@ -21,7 +21,8 @@ void loadForm(const FormDocument& document, HeadlessForm& form) {
         }
         for (const Site* s : form.sites()) {
             if (equalsIgnoringCase(s->name(), c.name)) {
-                throw Error(err::WrongArguments, u"A control named " + c.name + u" is already on the form");
+                throw Error(err::WrongArguments,
+                            u"A control named " + c.name + u" is already on the form");
             }
         }
         for (std::size_t j = 0; j < i; ++j) {

@@ -65,7 +65,9 @@ void Site::resizeTo(float width, float height) {
     if (control_) control_->resize();
 }
 
-Form* Site::parentForm() { return &form_; }
+Form* Site::parentForm() {
+    return &form_;
+}
 
 float Site::convert(float value, ScaleMode from, ScaleMode to, bool horizontal) const {
     // The container measures in twips; the user scale of a headless surface is twips too.
@@ -76,9 +78,13 @@ float Site::convert(float value, ScaleMode from, ScaleMode to, bool horizontal) 
     return static_cast<float>(value * unit(from) / unit(to));
 }
 
-float Site::scaleWidth() const { return convert(width_, ScaleMode::Twips, scaleMode_, true); }
+float Site::scaleWidth() const {
+    return convert(width_, ScaleMode::Twips, scaleMode_, true);
+}
 
-float Site::scaleHeight() const { return convert(height_, ScaleMode::Twips, scaleMode_, false); }
+float Site::scaleHeight() const {
+    return convert(height_, ScaleMode::Twips, scaleMode_, false);
+}
 
 float Site::scaleX(float value, ScaleMode from, ScaleMode to) const {
     return convert(value, from, to, true);

@@ -18,7 +18,9 @@ HeadlessWidget::HeadlessWidget(Site& site, const WidgetSpec& spec)
       visible_(spec.visible),
       font_(site.host().font()) {}
 
-HeadlessWidget::~HeadlessWidget() { site_.forget(this); }
+HeadlessWidget::~HeadlessWidget() {
+    site_.forget(this);
+}
 
 void HeadlessWidget::move(float left, float top, float width, float height) {
     left_ = left;
@@ -34,7 +36,9 @@ void HeadlessWidget::setFocus() {
     if (auto* o = site_.host().observer()) o->focusTaken(site_);
 }
 
-bool HeadlessWidget::hasFocus() const { return site_.form().focused() == this; }
+bool HeadlessWidget::hasFocus() const {
+    return site_.form().focused() == this;
+}
 
 void HeadlessWidget::emit(WidgetEvent& event) {
     if (listener_) listener_->widgetEvent(*this, event);
@@ -122,7 +126,9 @@ void HeadlessCheckBox::setValue(std::int16_t v) {
     emit(e);
 }
 
-void HeadlessCheckBox::toggle() { setValue(value_ == 1 ? 0 : 1); }
+void HeadlessCheckBox::toggle() {
+    setValue(value_ == 1 ? 0 : 1);
+}
 
 bool HeadlessCheckBox::clicked() {
     toggle();  // raises Click through setValue
@@ -212,7 +218,9 @@ void HeadlessTextBox::replaceSelection(std::u16string insert, bool limited) {
     changed(before);
 }
 
-void HeadlessTextBox::setSelText(const std::u16string& t) { replaceSelection(t, true); }
+void HeadlessTextBox::setSelText(const std::u16string& t) {
+    replaceSelection(t, true);
+}
 
 void HeadlessTextBox::characterTyped(char16_t ch) {
     if (locked_) return;

@@ -5,8 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <ostream>
 #include <memory>
+#include <ostream>
 #include <span>
 #include <string>
 #include <vector>
@@ -63,8 +63,9 @@ public:
     /// Forgets the recorded changes and events of a control.
     virtual void clearRecords(const std::u16string& control) = 0;
     /// The application's handler of a control's events; it may change by-reference args.
-    virtual void setEventHandler(const std::u16string& control,
-                                 std::function<void(const std::u16string&, std::span<Variant>)>) = 0;
+    virtual void setEventHandler(
+        const std::u16string& control,
+        std::function<void(const std::u16string&, std::span<Variant>)>) = 0;
     /// Message boxes shown so far.
     virtual std::vector<MessageBoxRequest> messageBoxes() = 0;
     /// The answer of the next message box.
@@ -73,12 +74,14 @@ public:
 
 /// A named way to make a harness.
 struct HarnessMaker {
-    std::string name;                               ///< the host's name, for test names
-    std::function<std::unique_ptr<Harness>()> make; ///< makes a fresh harness
+    std::string name;                                ///< the host's name, for test names
+    std::function<std::unique_ptr<Harness>()> make;  ///< makes a fresh harness
 };
 
 /// Prints a host by its name in test output.
-inline void PrintTo(const HarnessMaker& maker, std::ostream* os) { *os << maker.name; }
+inline void PrintTo(const HarnessMaker& maker, std::ostream* os) {
+    *os << maker.name;
+}
 
 /// The hosts this test program runs every host-independent suite on.
 std::vector<HarnessMaker> availableHarnesses();

@@ -73,15 +73,24 @@ std::vector<SeenEvent> HeadlessHarness::events(const std::u16string& control) {
     return out;
 }
 
-void HeadlessHarness::clearRecords(const std::u16string& control) { site(control).clearRecords(); }
-
-void HeadlessHarness::setEventHandler(
-    const std::u16string& control, std::function<void(const std::u16string&, std::span<Variant>)> h) {
-    site(control).eventHandler = [h](const EventInfo& e, std::span<Variant> args) { h(e.name, args); };
+void HeadlessHarness::clearRecords(const std::u16string& control) {
+    site(control).clearRecords();
 }
 
-std::vector<MessageBoxRequest> HeadlessHarness::messageBoxes() { return host_.messageBoxes(); }
+void HeadlessHarness::setEventHandler(
+    const std::u16string& control,
+    std::function<void(const std::u16string&, std::span<Variant>)> h) {
+    site(control).eventHandler = [h](const EventInfo& e, std::span<Variant> args) {
+        h(e.name, args);
+    };
+}
 
-void HeadlessHarness::queueAnswer(std::int32_t answer) { host_.queueAnswer(answer); }
+std::vector<MessageBoxRequest> HeadlessHarness::messageBoxes() {
+    return host_.messageBoxes();
+}
+
+void HeadlessHarness::queueAnswer(std::int32_t answer) {
+    host_.queueAnswer(answer);
+}
 
 }  // namespace corvex::testing

@@ -33,8 +33,7 @@ public:
     void click(const std::u16string& control, const std::u16string& name,
                std::int16_t index = -1) override;
     void typeText(const std::u16string& control, const std::u16string& text) override;
-    void pressKey(const std::u16string& control, std::int16_t keyCode,
-                  std::int16_t shift) override;
+    void pressKey(const std::u16string& control, std::int16_t keyCode, std::int16_t shift) override;
     void setClipboardText(const std::u16string& text) override { host_.setText(text); }
     std::u16string clipboardText() override { return host_.text(); }
     void resize(const std::u16string& control, float width, float height) override;

@@ -86,7 +86,8 @@ auto readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def, C
     try {
         return convert(v);
     } catch (const Error& e) {
-        throw Error(e.number(), e.description() + u" (saved property \"" + std::u16string(name) + u"\")",
+        throw Error(e.number(),
+                    e.description() + u" (saved property \"" + std::u16string(name) + u"\")",
                     e.source());
     }
 }
@@ -94,7 +95,8 @@ auto readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def, C
 /// Reads a saved property as T, converted as a member of type T converts its argument.
 template <class T>
 T readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def) {
-    return readSaved(bag, name, def, [](const Variant& v) { return detail::ArgTraits<T>::from(v); });
+    return readSaved(bag, name, def,
+                     [](const Variant& v) { return detail::ArgTraits<T>::from(v); });
 }
 
 /// The event tables' entries shared by the controls that pass on widget events.

@@ -11,18 +11,18 @@ namespace corvex {
 
 /// Error numbers of the host that the controls raise or pass on.
 namespace err {
-inline constexpr std::int32_t Overflow = 6;                     ///< arithmetic overflow
-inline constexpr std::int32_t SubscriptOutOfRange = 9;          ///< no such element
-inline constexpr std::int32_t TypeMismatch = 13;                ///< value of the wrong kind
+inline constexpr std::int32_t Overflow = 6;                      ///< arithmetic overflow
+inline constexpr std::int32_t SubscriptOutOfRange = 9;           ///< no such element
+inline constexpr std::int32_t TypeMismatch = 13;                 ///< value of the wrong kind
 inline constexpr std::int32_t ControlArrayElementMissing = 340;  ///< no such array element
-inline constexpr std::int32_t InvalidPropertyValue = 380;     ///< value out of a property's range
-inline constexpr std::int32_t SetNotSupportedAtRuntime = 382;   ///< design-time-only property
-inline constexpr std::int32_t SetNotSupported = 383;            ///< read-only property
-inline constexpr std::int32_t GetNotSupported = 394;            ///< write-only property
-inline constexpr std::int32_t WrongArguments = 450;             ///< wrong number of arguments
-inline constexpr std::int32_t ObjectRequired = 424;             ///< an object was expected
-inline constexpr std::int32_t MemberNotFound = 438;             ///< no such property or method
-inline constexpr std::int32_t ObjectErrorBase = -2147221504;    ///< 0x80040000, default ErrBase
+inline constexpr std::int32_t InvalidPropertyValue = 380;      ///< value out of a property's range
+inline constexpr std::int32_t SetNotSupportedAtRuntime = 382;  ///< design-time-only property
+inline constexpr std::int32_t SetNotSupported = 383;           ///< read-only property
+inline constexpr std::int32_t GetNotSupported = 394;           ///< write-only property
+inline constexpr std::int32_t WrongArguments = 450;            ///< wrong number of arguments
+inline constexpr std::int32_t ObjectRequired = 424;            ///< an object was expected
+inline constexpr std::int32_t MemberNotFound = 438;            ///< no such property or method
+inline constexpr std::int32_t ObjectErrorBase = -2147221504;   ///< 0x80040000, default ErrBase
 }  // namespace err
 
 /// The host's own description of one of its error numbers ("Overflow", "Type mismatch").

@@ -31,7 +31,9 @@ public:
     /// A font with the given description.
     explicit Font(FontDesc desc = {}) : desc_(std::move(desc)) {}
     /// A new shared font object.
-    static std::shared_ptr<Font> make(FontDesc desc) { return std::make_shared<Font>(std::move(desc)); }
+    static std::shared_ptr<Font> make(FontDesc desc) {
+        return std::make_shared<Font>(std::move(desc));
+    }
     /// The table of the Font class.
     static const ClassInfo& staticClassInfo();
     const ClassInfo& classInfo() const override { return staticClassInfo(); }

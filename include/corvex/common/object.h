@@ -35,10 +35,10 @@ enum class CallKind { Method, Get, Let, Set };
 
 /// One parameter of a method, an indexed property or an event.
 struct ParamInfo {
-    std::u16string name;               ///< the parameter's name
-    VarType type = VarType::Empty;     ///< its kind (Empty for "any value")
-    bool optional = false;             ///< whether it may be left off
-    bool byRef = false;                ///< whether changes reach the caller
+    std::u16string name;            ///< the parameter's name
+    VarType type = VarType::Empty;  ///< its kind (Empty for "any value")
+    bool optional = false;          ///< whether it may be left off
+    bool byRef = false;             ///< whether changes reach the caller
 };
 
 /// One member (method or property) in a class's table.
@@ -48,22 +48,22 @@ struct MemberInfo {
     /// A property let or set: (object, index arguments, new value).
     using Setter = std::function<void(Object&, std::span<Variant>, const Variant&)>;
 
-    std::u16string name;             ///< the member's name
-    bool isMethod = false;           ///< a method rather than a property
-    VarType type = VarType::Empty;   ///< result or property kind
-    std::vector<ParamInfo> params;   ///< method arguments, or property indexes
-    Getter get;                      ///< invoke (method) or get (property); may be empty
-    Setter let;                      ///< let of a value property; may be empty
-    Setter set;                      ///< set of an object property; may be empty
-    std::u16string help;             ///< one-line description for property browsers
+    std::u16string name;            ///< the member's name
+    bool isMethod = false;          ///< a method rather than a property
+    VarType type = VarType::Empty;  ///< result or property kind
+    std::vector<ParamInfo> params;  ///< method arguments, or property indexes
+    Getter get;                     ///< invoke (method) or get (property); may be empty
+    Setter let;                     ///< let of a value property; may be empty
+    Setter set;                     ///< set of an object property; may be empty
+    std::u16string help;            ///< one-line description for property browsers
 };
 
 /// One event in a class's event interface.
 struct EventInfo {
-    std::u16string name;             ///< the event's name
-    int dispId = 0;                  ///< its number, from 1 in declaration order
-    std::vector<ParamInfo> params;   ///< its arguments
-    bool raised = true;              ///< false for declared events that are never raised
+    std::u16string name;            ///< the event's name
+    int dispId = 0;                 ///< its number, from 1 in declaration order
+    std::vector<ParamInfo> params;  ///< its arguments
+    bool raised = true;             ///< false for declared events that are never raised
 };
 
 /// What kind of public class a table describes.
@@ -185,7 +185,7 @@ struct ArgTraits<std::shared_ptr<T>> {
     }
 };
 template <class T>
-    requires std::is_enum_v<T>
+requires std::is_enum_v<T>
 struct ArgTraits<T> {
     static constexpr VarType type = VarType::Long;
     static T from(const Variant& v) { return static_cast<T>(v.toLong()); }
@@ -279,7 +279,8 @@ Variant callWith(Fn fn, Object& o, [[maybe_unused]] std::span<Variant> args,
         (self.*fn)(bindArg<std::tuple_element_t<I, typename T::Args>>(args, I)...);
         return Variant();
     } else {
-        return toVariant((self.*fn)(bindArg<std::tuple_element_t<I, typename T::Args>>(args, I)...));
+        return toVariant(
+            (self.*fn)(bindArg<std::tuple_element_t<I, typename T::Args>>(args, I)...));
     }
 }
 
@@ -320,7 +321,8 @@ public:
 
     /// A read-only property (its getter may take index arguments).
     template <class G>
-    MemberTable& getOnly(std::u16string name, G getter, std::vector<std::u16string> indexNames = {}) {
+    MemberTable& getOnly(std::u16string name, G getter,
+                         std::vector<std::u16string> indexNames = {}) {
         members_.push_back(makeProperty(std::move(name), getter, indexNames));
         return *this;
     }

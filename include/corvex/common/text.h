@@ -16,6 +16,8 @@ bool equalsIgnoringCase(std::u16string_view a, std::u16string_view b);
 std::u16string asciiUpper(std::u16string_view text);
 
 /// Shorthand for writing UTF-16 literals from plain ASCII in tests and tools.
-inline std::u16string u16(std::string_view ascii) { return fromUtf8(ascii); }
+inline std::u16string u16(std::string_view ascii) {
+    return fromUtf8(ascii);
+}
 
 }  // namespace corvex

@@ -113,8 +113,8 @@ public:
     friend bool operator==(const Variant& a, const Variant& b);
 
 private:
-    std::variant<std::monostate, Boolean, std::int16_t, std::int32_t, float, double,
-                 std::u16string, ObjectRef>
+    std::variant<std::monostate, Boolean, std::int16_t, std::int32_t, float, double, std::u16string,
+                 ObjectRef>
         v_;
 };
 

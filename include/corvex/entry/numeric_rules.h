@@ -22,23 +22,23 @@ namespace numeric {
 
 /// Message codes of the numeric boxes.
 namespace code {
-inline constexpr int ConversionError = 2001;   ///< conversion failure, line 1
-inline constexpr int CorrectInput = 2002;      ///< conversion failure, line 2
-inline constexpr int EffectiveInput = 2003;    ///< conversion failure, line 3
-inline constexpr int NegativeValue = 2004;     ///< prefix of the negative range line
-inline constexpr int PositiveValue = 2005;     ///< prefix of the positive range line
-inline constexpr int BadLimits = 2006;         ///< LowerLimit above UpperLimit
-inline constexpr int OutOfRange = 2007;        ///< value outside the limits
-inline constexpr int TooLong1 = 2008;          ///< too long, line 1
-inline constexpr int TooLong2 = 2009;          ///< too long, line 2
-inline constexpr int TooLong3 = 2010;          ///< too long, line 3
-inline constexpr int BadMode = 2011;           ///< Mode outside 0 to 4
-inline constexpr int BadLowerLimit = 2012;     ///< LowerLimit above UpperLimit
-inline constexpr int BadUpperLimit = 2013;     ///< UpperLimit below LowerLimit
-inline constexpr int SingleOverflow = 2014;    ///< ValSng overflow
-inline constexpr int DoubleOverflow = 2015;    ///< ValDbl overflow
-inline constexpr int IntegerOverflow = 2016;   ///< ValInt overflow
-inline constexpr int LongOverflow = 2017;      ///< ValLng overflow
+inline constexpr int ConversionError = 2001;  ///< conversion failure, line 1
+inline constexpr int CorrectInput = 2002;     ///< conversion failure, line 2
+inline constexpr int EffectiveInput = 2003;   ///< conversion failure, line 3
+inline constexpr int NegativeValue = 2004;    ///< prefix of the negative range line
+inline constexpr int PositiveValue = 2005;    ///< prefix of the positive range line
+inline constexpr int BadLimits = 2006;        ///< LowerLimit above UpperLimit
+inline constexpr int OutOfRange = 2007;       ///< value outside the limits
+inline constexpr int TooLong1 = 2008;         ///< too long, line 1
+inline constexpr int TooLong2 = 2009;         ///< too long, line 2
+inline constexpr int TooLong3 = 2010;         ///< too long, line 3
+inline constexpr int BadMode = 2011;          ///< Mode outside 0 to 4
+inline constexpr int BadLowerLimit = 2012;    ///< LowerLimit above UpperLimit
+inline constexpr int BadUpperLimit = 2013;    ///< UpperLimit below LowerLimit
+inline constexpr int SingleOverflow = 2014;   ///< ValSng overflow
+inline constexpr int DoubleOverflow = 2015;   ///< ValDbl overflow
+inline constexpr int IntegerOverflow = 2016;  ///< ValInt overflow
+inline constexpr int LongOverflow = 2017;     ///< ValLng overflow
 }  // namespace code
 
 /// Error numbers of the property checks (not added to ErrBase).
@@ -71,10 +71,10 @@ struct Limits {
 
 /// The outcome of a validation.
 struct Validation {
-    bool ok = true;                       ///< whether the text is valid
-    std::u16string text;                  ///< the text to write back into the box
-    std::optional<std::u16string> message;///< the one message box to show, if any
-    bool conversionFailed = false;        ///< the text is no number (ErrFlag is set)
+    bool ok = true;                         ///< whether the text is valid
+    std::u16string text;                    ///< the text to write back into the box
+    std::optional<std::u16string> message;  ///< the one message box to show, if any
+    bool conversionFailed = false;          ///< the text is no number (ErrFlag is set)
 };
 
 /// Checks and normalises text ("12e" becomes "12", ".5" becomes "0.5"), checks the limits
@@ -85,8 +85,8 @@ Validation validate(std::int32_t mode, const std::u16string& text, const Limits&
 /// The context of a typed reader: the box's ErrBase, the message texts, the error source.
 struct ReaderContext {
     std::int32_t errBase = err::ObjectErrorBase;  ///< added to the error numbers
-    MessageLookup message;                         ///< message texts
-    std::u16string source;                         ///< the application title
+    MessageLookup message;                        ///< message texts
+    std::u16string source;                        ///< the application title
 };
 
 /// The text as a Single ("" is 0); raises ErrBase + 3010 on overflow, ErrBase + the

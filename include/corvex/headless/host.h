@@ -86,9 +86,9 @@ private:
 
 /// An event as the host received it, with its arguments after the handler ran.
 struct RaisedEvent {
-    std::u16string name;          ///< the event's name
-    int dispId = 0;               ///< its number in the class's event interface
-    std::vector<Variant> args;    ///< its arguments
+    std::u16string name;        ///< the event's name
+    int dispId = 0;             ///< its number in the class's event interface
+    std::vector<Variant> args;  ///< its arguments
 };
 
 /// The host side of one control on a headless form: its surface, widgets and sinks.

@@ -13,8 +13,8 @@ namespace corvex {
 
 /// One control of a form as saved: its class, its name and its property bag entries.
 struct SavedControl {
-    std::u16string className;              ///< public class name ("BooleanBox")
-    std::u16string name;                   ///< the control's name on the form
+    std::u16string className;                  ///< public class name ("BooleanBox")
+    std::u16string name;                       ///< the control's name on the form
     std::vector<MemoryBag::Entry> properties;  ///< the bag entries in write order
 };
 

@@ -8,21 +8,21 @@ namespace corvex {
 
 /// Style bits and answers of the host's message boxes.
 namespace mb {
-inline constexpr std::int32_t OkOnly = 0;          ///< OK button only
-inline constexpr std::int32_t Critical = 16;       ///< stop icon
-inline constexpr std::int32_t Question = 32;       ///< question icon
-inline constexpr std::int32_t Exclamation = 48;    ///< exclamation icon
-inline constexpr std::int32_t Information = 64;    ///< information icon
-inline constexpr std::int32_t AnswerOk = 1;        ///< the OK button was pressed
+inline constexpr std::int32_t OkOnly = 0;        ///< OK button only
+inline constexpr std::int32_t Critical = 16;     ///< stop icon
+inline constexpr std::int32_t Question = 32;     ///< question icon
+inline constexpr std::int32_t Exclamation = 48;  ///< exclamation icon
+inline constexpr std::int32_t Information = 64;  ///< information icon
+inline constexpr std::int32_t AnswerOk = 1;      ///< the OK button was pressed
 }  // namespace mb
 
 /// What a message box shows.
 struct MessageBoxRequest {
-    std::u16string text;          ///< the prompt; lines separated by carriage returns
-    std::int32_t style = 0;       ///< buttons + icon + default button + modality + extras
-    std::u16string title;         ///< the title; empty gives the application's name
-    std::u16string helpFile;      ///< help file for the Help button
-    std::int32_t helpContext = 0; ///< help topic
+    std::u16string text;           ///< the prompt; lines separated by carriage returns
+    std::int32_t style = 0;        ///< buttons + icon + default button + modality + extras
+    std::u16string title;          ///< the title; empty gives the application's name
+    std::u16string helpFile;       ///< help file for the Help button
+    std::int32_t helpContext = 0;  ///< help topic
 };
 
 /// Shows modal message boxes.

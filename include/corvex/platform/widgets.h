@@ -13,16 +13,16 @@ namespace corvex {
 
 /// Key codes and shift bits as the host reports them in KeyDown and KeyUp.
 namespace key {
-inline constexpr std::int16_t Back = 8;       ///< Backspace
-inline constexpr std::int16_t Tab = 9;        ///< Tab
-inline constexpr std::int16_t Return = 13;    ///< Enter
-inline constexpr std::int16_t ShiftKey = 16;  ///< a Shift key
-inline constexpr std::int16_t ControlKey = 17;///< a Ctrl key
-inline constexpr std::int16_t Space = 32;     ///< space bar
-inline constexpr std::int16_t Delete = 46;    ///< Delete
-inline constexpr std::int16_t ShiftMask = 1;  ///< Shift held
-inline constexpr std::int16_t CtrlMask = 2;   ///< Ctrl held
-inline constexpr std::int16_t AltMask = 4;    ///< Alt held
+inline constexpr std::int16_t Back = 8;         ///< Backspace
+inline constexpr std::int16_t Tab = 9;          ///< Tab
+inline constexpr std::int16_t Return = 13;      ///< Enter
+inline constexpr std::int16_t ShiftKey = 16;    ///< a Shift key
+inline constexpr std::int16_t ControlKey = 17;  ///< a Ctrl key
+inline constexpr std::int16_t Space = 32;       ///< space bar
+inline constexpr std::int16_t Delete = 46;      ///< Delete
+inline constexpr std::int16_t ShiftMask = 1;    ///< Shift held
+inline constexpr std::int16_t CtrlMask = 2;     ///< Ctrl held
+inline constexpr std::int16_t AltMask = 4;      ///< Alt held
 }  // namespace key
 
 /// Mouse buttons as the host reports them.
@@ -187,21 +187,21 @@ public:
 
 /// How a widget is made: its design name, array index, listener and place.
 struct WidgetSpec {
-    std::u16string name;               ///< design name
-    std::int16_t index = -1;           ///< array element index, -1 for none
-    WidgetListener* listener = nullptr;///< who receives its events
-    float left = 0;                    ///< left edge, twips
-    float top = 0;                     ///< top edge, twips
-    float width = 1215;                ///< width, twips
-    float height = 255;                ///< height, twips
-    bool visible = true;               ///< shown at creation
+    std::u16string name;                 ///< design name
+    std::int16_t index = -1;             ///< array element index, -1 for none
+    WidgetListener* listener = nullptr;  ///< who receives its events
+    float left = 0;                      ///< left edge, twips
+    float top = 0;                       ///< top edge, twips
+    float width = 1215;                  ///< width, twips
+    float height = 255;                  ///< height, twips
+    bool visible = true;                 ///< shown at creation
 };
 
 /// How a text box is made, beyond a widget's spec.
 struct TextBoxSpec : WidgetSpec {
-    std::int16_t alignment = 0;  ///< 0 left, 1 right, 2 centre
-    bool multiLine = false;      ///< several lines
-    std::int16_t scrollBars = 0; ///< 0 none, 1 horizontal, 2 vertical, 3 both
+    std::int16_t alignment = 0;   ///< 0 left, 1 right, 2 centre
+    bool multiLine = false;       ///< several lines
+    std::int16_t scrollBars = 0;  ///< 0 none, 1 horizontal, 2 vertical, 3 both
     /// Whether Ctrl+C, Ctrl+X and Ctrl+V act on the clipboard by themselves. A control that
     /// handles the clipboard keys in KeyDown turns this off, so that nothing happens twice.
     bool nativeClipboard = true;

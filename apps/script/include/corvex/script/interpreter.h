@@ -93,9 +93,9 @@ private:
 
 /// What a whole script printed and how it ended.
 struct ScriptResult {
-    int status = ExitOk;       ///< ExitOk or ExitParseError
-    std::string output;        ///< the output lines, each ended by '\n'
-    std::string diagnostics;   ///< the parse error message, if any
+    int status = ExitOk;      ///< ExitOk or ExitParseError
+    std::string output;       ///< the output lines, each ended by '\n'
+    std::string diagnostics;  ///< the parse error message, if any
 };
 
 /// Runs a script from text on a fresh interpreter.
