@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "corvex/common/boolean_box.h"
+#include "corvex/common/text.h"
 #include "corvex/library/class_table.h"
 #include "corvex/library/memory_bag.h"
 #include "support/headless_fixture.h"
@@ -146,3 +147,33 @@ TEST_F(HeadlessTest, shouldNotRaiseEventsWhenThePropertyIsSetButTheStateIsUnchan
 }
 
 }  // namespace
+
+namespace corvex {
+namespace {
+
+// A control kept past its form (here through a Variant, as a script name or a property
+// page's selection keeps it) refuses every access by name instead of reaching the site
+// that went with the form.
+TEST(DetachedControl, shouldRaise398OnEveryMemberOnceItsFormIsGone) {
+    for (const ClassInfo* cls : publicClasses()) {
+        Variant kept;
+        {
+            headless::Host host;
+            headless::HeadlessForm form(host);
+            kept = Variant(ObjectRef(form.add(*cls, u"c").controlRef()));
+        }
+        Object& object = *kept.asObject();
+        for (const MemberInfo& m : cls->members()) {
+            try {
+                invoke(object, m.name, m.isMethod ? CallKind::Method : CallKind::Get);
+                ADD_FAILURE() << "no error from " << toUtf8(cls->name() + u"." + m.name);
+            } catch (const Error& e) {
+                EXPECT_EQ(e.number(), err::ClientSiteNotAvailable) << toUtf8(m.name);
+            }
+        }
+        EXPECT_THROW(letProperty(object, u"KeyName", Variant(u"k")), Error);
+    }
+}
+
+}  // namespace
+}  // namespace corvex

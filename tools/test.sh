@@ -10,6 +10,9 @@ bash tools/deps.sh
 
 export QT_QPA_PLATFORM=offscreen
 
+echo "== format (.clang-format, every C++ file)"
+git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run --Werror
+
 echo "== build and test (Qt host included)"
 cmake -S . -B build -DCMAKE_BUILD_TYPE=RelWithDebInfo >/dev/null
 cmake --build build -j"$jobs"

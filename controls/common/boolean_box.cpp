@@ -23,13 +23,22 @@ BooleanBox::BooleanBox(ControlSite& site) : Control(site), d(std::make_unique<Pr
     spec.height = innerHeight();
     d->chk = site.widgets().createCheckBox(spec);
     // The inner check box's design: its caption is its own name on purpose.
-    d->chk->setCaption(kInnerName);
-    d->chk->setBackColor(color::ButtonFace);
-    d->chk->setForeColor(color::ButtonText);
-    d->chk->setFont(ambientFont());
+    chk().setCaption(kInnerName);
+    chk().setBackColor(color::ButtonFace);
+    chk().setForeColor(color::ButtonText);
+    chk().setFont(ambientFont());
 }
 
 BooleanBox::~BooleanBox() = default;
+
+CheckBox& BooleanBox::chk() const {
+    checkAvailable();
+    return *d->chk;
+}
+
+void BooleanBox::releaseWidgets() {
+    d->chk.reset();
+}
 
 const ClassInfo& BooleanBox::staticClassInfo() {
     static const ClassInfo info = [] {
@@ -96,11 +105,11 @@ void BooleanBox::initProperties() {
 
 void BooleanBox::readProperties(PropertyBag& bag) {
     const Variant ambientFontValue(Font::make(ambientFont()));
-    d->chk->setBackColor(readSaved<std::int32_t>(bag, u"BackColor", color::ButtonFace));
-    d->chk->setCaption(readSaved<std::u16string>(bag, u"Caption", kInnerName));
-    d->chk->setEnabled(readSaved<bool>(bag, u"Enabled", true));
-    d->chk->setForeColor(readSaved<std::int32_t>(bag, u"ForeColor", color::ButtonText));
-    d->chk->setFont(readSaved(bag, u"Font", ambientFontValue, fontFromVariant));
+    chk().setBackColor(readSaved<std::int32_t>(bag, u"BackColor", color::ButtonFace));
+    chk().setCaption(readSaved<std::u16string>(bag, u"Caption", kInnerName));
+    chk().setEnabled(readSaved<bool>(bag, u"Enabled", true));
+    chk().setForeColor(readSaved<std::int32_t>(bag, u"ForeColor", color::ButtonText));
+    chk().setFont(readSaved(bag, u"Font", ambientFontValue, fontFromVariant));
     d->alwaysFalseWhenNotEnabled = readSaved<Boolean>(bag, u"AlwaysFalseWhenNotEnabled", false);
     d->defaultValue = readSaved<Boolean>(bag, u"DefaultValue", false);
     d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
@@ -112,11 +121,11 @@ void BooleanBox::readProperties(PropertyBag& bag) {
 }
 
 void BooleanBox::writeProperties(PropertyBag& bag) {
-    bag.write(u"BackColor", d->chk->backColor(), color::ButtonFace);
-    bag.write(u"Caption", d->chk->caption(), kInnerName);
-    bag.write(u"Enabled", d->chk->enabled(), true);
-    bag.write(u"ForeColor", d->chk->foreColor(), color::ButtonText);
-    bag.write(u"Font", Variant(Font::make(d->chk->font())), Variant(Font::make(ambientFont())));
+    bag.write(u"BackColor", chk().backColor(), color::ButtonFace);
+    bag.write(u"Caption", chk().caption(), kInnerName);
+    bag.write(u"Enabled", chk().enabled(), true);
+    bag.write(u"ForeColor", chk().foreColor(), color::ButtonText);
+    bag.write(u"Font", Variant(Font::make(chk().font())), Variant(Font::make(ambientFont())));
     bag.write(u"AlwaysFalseWhenNotEnabled", d->alwaysFalseWhenNotEnabled, false);
     bag.write(u"DefaultValue", d->defaultValue, false);
     bag.write(u"KeyName", d->keyName, u"");
@@ -124,8 +133,8 @@ void BooleanBox::writeProperties(PropertyBag& bag) {
 }
 
 void BooleanBox::resize() {
-    d->chk->setHeight(innerHeight());
-    d->chk->setWidth(innerWidth());
+    chk().setHeight(innerHeight());
+    chk().setWidth(innerWidth());
     raiseEvent(u"Resize");
 }
 
@@ -135,7 +144,7 @@ void BooleanBox::cls() {
 
 void BooleanBox::restore() {
     if (hostEquals(d->storedValue, u"")) return;  // nothing was ever stored
-    d->chk->setValue(d->storedValue.toInteger());
+    chk().setValue(d->storedValue.toInteger());
 }
 
 void BooleanBox::restoreDefault() {
@@ -143,24 +152,24 @@ void BooleanBox::restoreDefault() {
 }
 
 void BooleanBox::store() {
-    d->storedValue = Variant(d->chk->value()).toString();
+    d->storedValue = Variant(chk().value()).toString();
 }
 
 std::int32_t BooleanBox::backColor() const {
-    return d->chk->backColor();
+    return chk().backColor();
 }
 
 void BooleanBox::setBackColor(std::int32_t c) {
-    d->chk->setBackColor(c);
+    chk().setBackColor(c);
     propertyChanged(u"BackColor");
 }
 
 std::u16string BooleanBox::caption() const {
-    return d->chk->caption();
+    return chk().caption();
 }
 
 void BooleanBox::setCaption(std::u16string c) {
-    d->chk->setCaption(c);
+    chk().setCaption(c);
     propertyChanged(u"Caption");
 }
 
@@ -176,30 +185,30 @@ void BooleanBox::setDefaultValue(Boolean v) {
 }
 
 bool BooleanBox::enabled() const {
-    return d->chk->enabled();
+    return chk().enabled();
 }
 
 void BooleanBox::setEnabled(bool v) {
-    d->chk->setEnabled(v);
+    chk().setEnabled(v);
     propertyChanged(u"Enabled");
 }
 
 std::shared_ptr<Font> BooleanBox::font() const {
-    return Font::make(d->chk->font());
+    return Font::make(chk().font());
 }
 
 void BooleanBox::setFont(std::shared_ptr<Font> f) {
     if (!f) throw Error(err::ObjectRequired);
-    d->chk->setFont(f->desc());
+    chk().setFont(f->desc());
     propertyChanged(u"Font");
 }
 
 std::int32_t BooleanBox::foreColor() const {
-    return d->chk->foreColor();
+    return chk().foreColor();
 }
 
 void BooleanBox::setForeColor(std::int32_t c) {
-    d->chk->setForeColor(c);
+    chk().setForeColor(c);
     propertyChanged(u"ForeColor");
 }
 
@@ -222,17 +231,17 @@ void BooleanBox::setSectionName(std::u16string v) {
 }
 
 Boolean BooleanBox::value() const {
-    if (d->alwaysFalseWhenNotEnabled && !d->chk->enabled()) return false;
+    if (d->alwaysFalseWhenNotEnabled && !chk().enabled()) return false;
     // Only a checked box is True: unchecked, grayed and any other state read False.
-    return d->chk->value() == 1;
+    return chk().value() == 1;
 }
 
 void BooleanBox::setValue(Boolean v) {
     // Only exactly True or False changes the box; other numbers are ignored on purpose.
     if (v.isTrue()) {
-        d->chk->setValue(1);
+        chk().setValue(1);
     } else if (v.isFalse()) {
-        d->chk->setValue(0);
+        chk().setValue(0);
     }
     propertyChanged(u"Value");
 }

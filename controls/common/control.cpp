@@ -2,36 +2,54 @@
 
 namespace corvex {
 
-Control::Control(ControlSite& site) : site_(site) {}
+Control::Control(ControlSite& site) : site_(&site) {}
 
 Control::~Control() = default;
 
+ControlSite& Control::site() const {
+    checkAvailable();
+    return *site_;
+}
+
+void Control::detach() {
+    if (!site_) return;
+    releaseWidgets();
+    site_ = nullptr;
+}
+
+void Control::checkAvailable() const {
+    if (!site_) {
+        throw Error(err::ClientSiteNotAvailable,
+                    u"Client site not available: the control's form has gone");
+    }
+}
+
 void Control::propertyChanged(std::u16string_view name) {
-    site_.propertyChangedSink().propertyChanged(name);
+    site().propertyChangedSink().propertyChanged(name);
 }
 
 void Control::raiseEvent(std::u16string_view name, std::span<Variant> args) {
     const EventInfo* e = classInfo().event(name);
     if (!e) return;  // the class does not publish that event
-    site_.eventSink().raiseEvent(*e, args);
+    site().eventSink().raiseEvent(*e, args);
 }
 
 float Control::innerWidth() const {
-    const Surface& s = site_.surface();
+    const Surface& s = site().surface();
     return s.scaleX(s.scaleWidth(), s.scaleMode(), ScaleMode::Twips);
 }
 
 float Control::innerHeight() const {
-    const Surface& s = site_.surface();
+    const Surface& s = site().surface();
     return s.scaleY(s.scaleHeight(), s.scaleMode(), ScaleMode::Twips);
 }
 
 bool Control::userMode() const {
-    return site_.ambient().userMode();
+    return site().ambient().userMode();
 }
 
 FontDesc Control::ambientFont() const {
-    return site_.ambient().font();
+    return site().ambient().font();
 }
 
 void Control::requireDesignTime() const {
@@ -44,15 +62,15 @@ const MessageTable& Control::messageTable() const {
 }
 
 std::u16string Control::getMessageText(int code) const {
-    return messageText(site_, messageTable(), code);
+    return messageText(site(), messageTable(), code);
 }
 
 void Control::showRefusal(std::initializer_list<int> codes) const {
-    corvex::showRefusal(site_, messageTable(), codes);
+    corvex::showRefusal(site(), messageTable(), codes);
 }
 
 void Control::refresh() {
-    site_.surface().refresh();
+    site().surface().refresh();
 }
 
 void Control::passOnKey(WidgetEvent& event) {
@@ -78,7 +96,7 @@ void Control::passOnKey(WidgetEvent& event) {
 }
 
 void Control::passOnMouse(const WidgetEvent& event) {
-    const Surface& s = site_.surface();
+    const Surface& s = site().surface();
     // Converted from the surface's units, read at each event, to the container's;
     // the converted values are temporaries, so handlers cannot change the widget's.
     const ScaleMode from = s.scaleMode();

@@ -24,6 +24,8 @@ std::u16string standardErrorText(std::int32_t number) {
             return u"Property is read-only";
         case err::GetNotSupported:
             return u"Property is write-only";
+        case err::ClientSiteNotAvailable:
+            return u"Client site not available";
         case err::ObjectRequired:
             return u"Object required";
         case err::MemberNotFound:

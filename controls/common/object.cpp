@@ -37,6 +37,7 @@ std::shared_ptr<Object> ClassInfo::create(ControlSite& site) const {
 
 Variant invoke(Object& object, std::u16string_view name, CallKind kind, std::span<Variant> args,
                const Variant& value) {
+    object.checkAvailable();
     const MemberInfo* m = object.classInfo().member(name);
     if (!m) throw Error(err::MemberNotFound);
     switch (kind) {

@@ -40,6 +40,10 @@ MemoBox::MemoBox(ControlSite& site) : Control(site), d(std::make_unique<Private>
 
 MemoBox::~MemoBox() = default;
 
+void MemoBox::releaseWidgets() {
+    for (auto& box : d->boxes) box.reset();
+}
+
 const ClassInfo& MemoBox::staticClassInfo() {
     static const ClassInfo info = [] {
         using M = MemoBox;
@@ -106,6 +110,7 @@ const ClassInfo& MemoBox::staticClassInfo() {
 
 template <class F>
 void MemoBox::forEachBox(F f) {
+    checkAvailable();
     for (auto& box : d->boxes) f(*box);
 }
 
@@ -115,10 +120,12 @@ TextBox& MemoBox::visibleBox() const {
     if (d->scrollBars < 0 || d->scrollBars >= kBoxes) {
         throw Error(err::ControlArrayElementMissing);
     }
+    checkAvailable();
     return *d->boxes[static_cast<std::size_t>(d->scrollBars)];
 }
 
 void MemoBox::showBoxOf(std::int32_t mode) {
+    checkAvailable();
     for (int i = 0; i < kBoxes; ++i) d->boxes[static_cast<std::size_t>(i)]->setVisible(i == mode);
 }
 
@@ -158,6 +165,7 @@ void MemoBox::readProperties(PropertyBag& bag) {
 }
 
 void MemoBox::writeProperties(PropertyBag& bag) {
+    checkAvailable();
     const TextBox& b = *d->boxes[0];
     bag.write(u"BackColor", b.backColor(), color::WindowBackground);
     bag.write(u"Enabled", b.enabled(), true);

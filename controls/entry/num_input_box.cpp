@@ -41,13 +41,22 @@ NumericInputBox::NumericInputBox(ControlSite& site, std::int16_t alignment)
     spec.alignment = alignment;
     spec.nativeClipboard = false;  // the clipboard keys are this control's own
     d->txt = site.widgets().createTextBox(spec);
-    d->txt->setBackColor(color::WindowBackground);
-    d->txt->setForeColor(color::WindowText);
-    d->txt->setFont(ambientFont());
-    d->txt->setImeMode(kDefaultIme);
+    txt().setBackColor(color::WindowBackground);
+    txt().setForeColor(color::WindowText);
+    txt().setFont(ambientFont());
+    txt().setImeMode(kDefaultIme);
 }
 
 NumericInputBox::~NumericInputBox() = default;
+
+TextBox& NumericInputBox::txt() const {
+    checkAvailable();
+    return *d->txt;
+}
+
+void NumericInputBox::releaseWidgets() {
+    d->txt.reset();
+}
 
 template <class C>
 std::vector<MemberInfo> NumericInputBox::members() {
@@ -167,7 +176,7 @@ void NumericInputBox::initProperties() {
 }
 
 void NumericInputBox::readProperties(PropertyBag& bag) {
-    TextBox& t = *d->txt;
+    TextBox& t = txt();
     t.setBackColor(readSaved<std::int32_t>(bag, u"BackColor", color::WindowBackground));
     t.setEnabled(readSaved<bool>(bag, u"Enabled", true));
     t.setForeColor(readSaved<std::int32_t>(bag, u"ForeColor", color::WindowText));
@@ -196,7 +205,7 @@ void NumericInputBox::readProperties(PropertyBag& bag) {
 }
 
 void NumericInputBox::writeProperties(PropertyBag& bag) {
-    const TextBox& t = *d->txt;
+    const TextBox& t = txt();
     bag.write(u"BackColor", t.backColor(), color::WindowBackground);
     bag.write(u"Enabled", t.enabled(), true);
     bag.write(u"ForeColor", t.foreColor(), color::WindowText);
@@ -217,15 +226,15 @@ void NumericInputBox::writeProperties(PropertyBag& bag) {
 }
 
 void NumericInputBox::resize() {
-    d->txt->setWidth(innerWidth());
-    d->txt->setHeight(innerHeight());
+    txt().setWidth(innerWidth());
+    txt().setHeight(innerHeight());
 }
 
 // --- behaviour ---------------------------------------------------------------------
 
 void NumericInputBox::updateMustEnterColor() {
     if (d->mustEnter) {
-        d->txt->setBackColor(d->txt->text().empty() ? d->mustEnterColor : d->normalBackColor);
+        txt().setBackColor(txt().text().empty() ? d->mustEnterColor : d->normalBackColor);
         propertyChanged(u"BackColor");
     }
     refresh();
@@ -234,12 +243,12 @@ void NumericInputBox::updateMustEnterColor() {
 bool NumericInputBox::validateInput() {
     const numeric::Limits limits{d->limitCheck, d->lowerLimit, d->upperLimit};
     const numeric::Validation v =
-        numeric::validate(d->mode, d->txt->text(), limits, d->txt->maxLength(),
+        numeric::validate(d->mode, txt().text(), limits, txt().maxLength(),
                           [this](int code) { return getMessageText(code); });
     if (d->mode == static_cast<std::int32_t>(InputMode::Free)) return true;
     if (v.conversionFailed) d->errFlag = true;
     if (v.message) showRefusalText(site(), messageTable(), *v.message);
-    d->txt->setText(v.text);
+    txt().setText(v.text);
     return v.ok;
 }
 
@@ -253,15 +262,15 @@ void NumericInputBox::widgetEvent(Widget&, WidgetEvent& event) {
             // In Free mode a key is neither checked nor passed on: no KeyPress at all.
             if (d->mode == static_cast<std::int32_t>(InputMode::Free)) break;
             event.keyAscii =
-                numeric::filterKey(d->mode, event.keyAscii, d->txt->selStart(), d->txt->text());
+                numeric::filterKey(d->mode, event.keyAscii, txt().selStart(), txt().text());
             passOnKey(event);
             break;
         case WidgetEventType::KeyDown:
-            numeric::clipboardKey(event.keyCode, event.shift, *d->txt, site().clipboard());
+            numeric::clipboardKey(event.keyCode, event.shift, txt(), site().clipboard());
             passOnKey(event);
             break;
         case WidgetEventType::LostFocus:
-            if (d->validateAtLostFocus && !validateInput()) d->txt->setFocus();
+            if (d->validateAtLostFocus && !validateInput()) txt().setFocus();
             break;
         default:
             passOn(event);
@@ -280,7 +289,7 @@ T NumericInputBox::typedRead(T& last, Read read) {
     const numeric::ReaderContext ctx{d->errBase, [this](int code) { return getMessageText(code); },
                                      site().application().title()};
     try {
-        last = read(d->txt->text(), ctx);
+        last = read(txt().text(), ctx);
     } catch (const Error&) {
         d->errFlag = true;
         throw;
@@ -291,11 +300,11 @@ T NumericInputBox::typedRead(T& last, Read read) {
 // --- members -----------------------------------------------------------------------
 
 void NumericInputBox::cls() {
-    d->txt->setText(u"");
+    txt().setText(u"");
 }
 
 void NumericInputBox::restore() {
-    d->txt->setText(d->storedValue.toString());
+    txt().setText(d->storedValue.toString());
 }
 
 void NumericInputBox::restoreDefault() {
@@ -303,7 +312,7 @@ void NumericInputBox::restoreDefault() {
 }
 
 void NumericInputBox::store() {
-    d->storedValue = d->txt->text();
+    d->storedValue = txt().text();
 }
 
 bool NumericInputBox::cancel() {
@@ -315,11 +324,11 @@ bool NumericInputBox::validateValue() {
 }
 
 std::int32_t NumericInputBox::backColor() const {
-    return d->txt->backColor();
+    return txt().backColor();
 }
 
 void NumericInputBox::setBackColor(std::int32_t c) {
-    d->txt->setBackColor(c);
+    txt().setBackColor(c);
     propertyChanged(u"BackColor");
     refresh();
 }
@@ -336,11 +345,11 @@ void NumericInputBox::setDefaultValue(std::u16string v) {
 }
 
 bool NumericInputBox::enabled() const {
-    return d->txt->enabled();
+    return txt().enabled();
 }
 
 void NumericInputBox::setEnabled(bool v) {
-    d->txt->setEnabled(v);
+    txt().setEnabled(v);
     propertyChanged(u"Enabled");
 }
 
@@ -349,32 +358,32 @@ bool NumericInputBox::errFlag() const {
 }
 
 std::shared_ptr<Font> NumericInputBox::font() const {
-    return Font::make(d->txt->font());
+    return Font::make(txt().font());
 }
 
 void NumericInputBox::setFont(std::shared_ptr<Font> f) {
     if (!f) throw Error(err::ObjectRequired);
-    d->txt->setFont(f->desc());
+    txt().setFont(f->desc());
     propertyChanged(u"Font");
     refresh();
 }
 
 std::int32_t NumericInputBox::foreColor() const {
-    return d->txt->foreColor();
+    return txt().foreColor();
 }
 
 void NumericInputBox::setForeColor(std::int32_t c) {
-    d->txt->setForeColor(c);
+    txt().setForeColor(c);
     propertyChanged(u"ForeColor");
     refresh();
 }
 
 CorvexIMEMode NumericInputBox::imeMode() const {
-    return static_cast<CorvexIMEMode>(d->txt->imeMode());
+    return static_cast<CorvexIMEMode>(txt().imeMode());
 }
 
 void NumericInputBox::setImeMode(CorvexIMEMode m) {
-    d->txt->setImeMode(Variant(static_cast<std::int32_t>(m)).toInteger());
+    txt().setImeMode(Variant(static_cast<std::int32_t>(m)).toInteger());
     propertyChanged(u"IMEMode");
 }
 
@@ -407,12 +416,12 @@ void NumericInputBox::setLowerLimit(double v) {
 }
 
 std::int16_t NumericInputBox::maxLength() const {
-    return static_cast<std::int16_t>(d->txt->maxLength());
+    return static_cast<std::int16_t>(txt().maxLength());
 }
 
 void NumericInputBox::setMaxLength(std::int16_t n) {
     if (n < 0) throw Error(err::InvalidPropertyValue);
-    d->txt->setMaxLength(n);
+    txt().setMaxLength(n);
     propertyChanged(u"MaxLength");
 }
 
@@ -455,38 +464,38 @@ void NumericInputBox::setSectionName(std::u16string v) {
 }
 
 std::int32_t NumericInputBox::selLength() const {
-    return d->txt->selLength();
+    return txt().selLength();
 }
 
 void NumericInputBox::setSelLength(std::int32_t n) {
-    d->txt->setSelLength(n);
+    txt().setSelLength(n);
     propertyChanged(u"SelLength");
 }
 
 std::int32_t NumericInputBox::selStart() const {
-    return d->txt->selStart();
+    return txt().selStart();
 }
 
 void NumericInputBox::setSelStart(std::int32_t n) {
-    d->txt->setSelStart(n);
+    txt().setSelStart(n);
     propertyChanged(u"SelStart");
 }
 
 std::u16string NumericInputBox::selText() const {
-    return d->txt->selText();
+    return txt().selText();
 }
 
 void NumericInputBox::setSelText(std::u16string t) {
-    d->txt->setSelText(t);
+    txt().setSelText(t);
     propertyChanged(u"SelText");
 }
 
 std::u16string NumericInputBox::text() const {
-    return d->txt->text();
+    return txt().text();
 }
 
 void NumericInputBox::setText(std::u16string t) {
-    d->txt->setText(t);
+    txt().setText(t);
     propertyChanged(u"Text");
 }
 
@@ -526,11 +535,11 @@ float NumericInputBox::valSng() {
 }
 
 std::u16string NumericInputBox::value() const {
-    return d->txt->text();
+    return txt().text();
 }
 
 void NumericInputBox::setValue(std::u16string v) {
-    d->txt->setText(v);
+    txt().setText(v);
     propertyChanged(u"Value");
 }
 

@@ -27,7 +27,9 @@ Site::Site(Host& host, HeadlessForm& form, std::u16string name, float width, flo
     : host_(host), form_(form), name_(std::move(name)), width_(width), height_(height) {}
 
 Site::~Site() {
-    // The control goes first: its widgets still find their site while they go.
+    // The control's widgets go first, while their site still exists; a reference to the
+    // control kept elsewhere then holds a detached control that refuses to work.
+    if (control_) control_->detach();
     control_.reset();
 }
 

@@ -215,7 +215,9 @@ QtControlHost::QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent
 }
 
 QtControlHost::~QtControlHost() {
-    // The control goes first: its widgets still find their surface while they go.
+    // The control's widgets go first, while their surface still exists; a reference to
+    // the control kept elsewhere then holds a detached control that refuses to work.
+    if (d->control) d->control->detach();
     d->control = nullptr;
     d->object.reset();
 }

@@ -79,8 +79,10 @@ public:
 
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
+    void releaseWidgets() override;
 
 private:
+    CheckBox& chk() const;
     struct Private;
     std::unique_ptr<Private> d;
 };

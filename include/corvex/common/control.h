@@ -26,8 +26,18 @@ public:
     Control(const Control&) = delete;
     Control& operator=(const Control&) = delete;
 
-    /// The host side of this control.
-    ControlSite& site() const { return site_; }
+    /// The host side of this control; raises 398 once the control is detached.
+    ControlSite& site() const;
+
+    /// Cuts the control off its site, which is about to go: the inner widgets are
+    /// released now, while the site still exists, and every later access by member name
+    /// raises 398. A reference kept elsewhere (a Variant, a script name) then holds an
+    /// object that refuses to work instead of one that reaches a destroyed site.
+    void detach();
+    /// Whether the control's site has gone.
+    bool detached() const { return site_ == nullptr; }
+    /// Raises 398 (client site not available) once the control is detached.
+    void checkAvailable() const override;
 
     /// Sets the properties to their defaults (a control newly placed in the designer).
     virtual void initProperties() = 0;
@@ -43,6 +53,10 @@ public:
     void refresh();
 
 protected:
+    /// Releases the inner widgets; called once, by detach, while the site still exists.
+    /// Afterwards the control must not touch a widget: its accessors of them call
+    /// checkAvailable first.
+    virtual void releaseWidgets() = 0;
     /// Signals the host's property-changed notification under a saved name.
     void propertyChanged(std::u16string_view name);
     /// Raises an event of this class's event table; args are by reference.
@@ -75,7 +89,7 @@ protected:
     void passOnMouse(const WidgetEvent& event);
 
 private:
-    ControlSite& site_;
+    ControlSite* site_;
 };
 
 /// Reads a saved property and converts it, naming the property in the error raised when

@@ -19,6 +19,7 @@ inline constexpr std::int32_t InvalidPropertyValue = 380;      ///< value out of
 inline constexpr std::int32_t SetNotSupportedAtRuntime = 382;  ///< design-time-only property
 inline constexpr std::int32_t SetNotSupported = 383;           ///< read-only property
 inline constexpr std::int32_t GetNotSupported = 394;           ///< write-only property
+inline constexpr std::int32_t ClientSiteNotAvailable = 398;    ///< the control's site has gone
 inline constexpr std::int32_t WrongArguments = 450;            ///< wrong number of arguments
 inline constexpr std::int32_t ObjectRequired = 424;            ///< an object was expected
 inline constexpr std::int32_t MemberNotFound = 438;            ///< no such property or method

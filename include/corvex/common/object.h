@@ -28,6 +28,9 @@ public:
     virtual ~Object();
     /// The table that declares this object's class, members and events.
     virtual const ClassInfo& classInfo() const = 0;
+    /// Raises an error when the object can no longer be used (a control whose form has
+    /// gone); every access by member name checks it first.
+    virtual void checkAvailable() const {}
 };
 
 /// How a member is reached.

@@ -99,6 +99,7 @@ public:
 
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
+    void releaseWidgets() override;
 
 private:
     TextBox& visibleBox() const;

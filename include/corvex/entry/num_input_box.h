@@ -149,8 +149,10 @@ protected:
 
     const MessageTable& messageTable() const override;
     void widgetEvent(Widget& source, WidgetEvent& event) override;
+    void releaseWidgets() override;
 
 private:
+    TextBox& txt() const;
     void updateMustEnterColor();
     bool validateInput();
     void refuse(std::int32_t number, int code);
