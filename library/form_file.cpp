@@ -341,6 +341,22 @@ Variant readValue(LineReader& r) {
     return v;
 }
 
+// One field of a value object, without a type word: the field's own kind says it.
+std::string writeField(const Variant& v) {
+    switch (v.type()) {
+        case VarType::Boolean:
+            return v.asBoolean() ? "True" : "False";
+        case VarType::Single:
+            return writeFloat(v.asSingle());
+        case VarType::Double:
+            return writeFloat(v.asDouble());
+        case VarType::String:
+            return quoteString(v.asString());
+        default:
+            return toUtf8(v.toString());
+    }
+}
+
 void writeValue(std::string& out, const Variant& v, int line) {
     switch (v.type()) {
         case VarType::Empty:
@@ -373,17 +389,15 @@ void writeValue(std::string& out, const Variant& v, int line) {
                 out += "Nothing";
                 return;
             }
-            auto font = std::dynamic_pointer_cast<Font>(o);
-            if (!font) {
+            if (!isValueObject(*o)) {
                 fail(line, "cannot write a " + toUtf8(o->classInfo().name()) +
                                " object: only fonts and Nothing are saved");
             }
-            const FontDesc& f = font->desc();
-            const auto flag = [](bool b) { return b ? "True" : "False"; };
-            out += "Font Name=" + quoteString(f.name) + " Size=" + writeFloat(f.size) +
-                   " Bold=" + flag(f.bold) + " Italic=" + flag(f.italic) +
-                   " Underline=" + flag(f.underline) + " Strikethrough=" + flag(f.strikethrough) +
-                   " Weight=" + std::to_string(f.weight) + " Charset=" + std::to_string(f.charset);
+            // A value object is written as its class name and its fields, Name=value.
+            out += toUtf8(o->classInfo().name());
+            for (const auto& [name, field] : valueFields(*o)) {
+                out += " " + toUtf8(name) + "=" + writeField(field);
+            }
             return;
         }
     }

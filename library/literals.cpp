@@ -240,10 +240,6 @@ Variant parseFont(std::string_view token) {
     return Variant(ObjectRef(Font::make(std::move(f))));
 }
 
-const char* boolWord(bool b) {
-    return b ? "True" : "False";
-}
-
 }  // namespace
 
 bool isName(std::string_view text) {
@@ -407,11 +403,7 @@ Variant parseLiteral(std::string_view token) {
 }
 
 std::string formatFont(const FontDesc& f) {
-    std::string out = "Font(" + quoteString(f.name) + ", " + toUtf8(formatDouble(f.size));
-    out += std::string(", ") + boolWord(f.bold) + ", " + boolWord(f.italic) + ", " +
-           boolWord(f.underline) + ", " + boolWord(f.strikethrough);
-    out += ", " + std::to_string(f.weight) + ", " + std::to_string(f.charset) + ")";
-    return out;
+    return formatValue(Variant(ObjectRef(Font::make(f))));
 }
 
 std::string formatValue(const Variant& v) {
@@ -437,8 +429,15 @@ std::string formatValue(const Variant& v) {
         case VarType::Object: {
             const ObjectRef& o = v.asObject();
             if (!o) return "Nothing";
-            if (auto f = std::dynamic_pointer_cast<Font>(o)) return formatFont(f->desc());
-            return toUtf8(o->classInfo().name());
+            if (!isValueObject(*o)) return toUtf8(o->classInfo().name());
+            // A value object reads as its class name with its fields in table order.
+            std::string out = toUtf8(o->classInfo().name()) + "(";
+            const char* sep = "";
+            for (const auto& field : valueFields(*o)) {
+                out += sep + formatValue(field.second);
+                sep = ", ";
+            }
+            return out + ")";
         }
     }
     return "Empty";
@@ -471,16 +470,15 @@ bool identicalValues(const Variant& a, const Variant& b) {
             const ObjectRef& x = a.asObject();
             const ObjectRef& y = b.asObject();
             if (x == y) return true;
-            auto fx = std::dynamic_pointer_cast<Font>(x);
-            auto fy = std::dynamic_pointer_cast<Font>(y);
-            if (!fx || !fy) return false;
-            FontDesc dx = fx->desc();
-            FontDesc dy = fy->desc();
-            if (std::bit_cast<std::uint64_t>(dx.size) != std::bit_cast<std::uint64_t>(dy.size)) {
+            if (!x || !y || &x->classInfo() != &y->classInfo() || !isValueObject(*x)) {
                 return false;
             }
-            dx.size = dy.size = 0;
-            return dx == dy;
+            const auto fx = valueFields(*x);
+            const auto fy = valueFields(*y);
+            for (std::size_t i = 0; i < fx.size(); ++i) {
+                if (!identicalValues(fx[i].second, fy[i].second)) return false;
+            }
+            return true;
         }
     }
     return false;

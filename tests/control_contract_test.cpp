@@ -96,7 +96,9 @@ TEST_F(HeadlessTest, shouldReachEveryPropertyByName) {
     EXPECT_EQ(getProperty(b, u"BackColor"), Variant(std::int32_t{255}));
     Variant none[1];
     invoke(b, u"Store", CallKind::Method, std::span<Variant>(none, 0));
-    EXPECT_EQ(b.storedValue(), Variant(u"0"));
+    b.setValue(true);
+    invoke(b, u"Restore", CallKind::Method, std::span<Variant>(none, 0));
+    EXPECT_EQ(b.value(), Boolean(false)) << "the unchecked state stored by name comes back";
 }
 
 TEST_F(HeadlessTest, shouldSetTheFontByNameAsAnObject) {

@@ -8,6 +8,8 @@ namespace corvex {
 
 std::u16string standardErrorText(std::int32_t number) {
     switch (number) {
+        case err::InvalidProcedureCall:
+            return u"Invalid procedure call or argument";
         case err::Overflow:
             return u"Overflow";
         case err::SubscriptOutOfRange:
@@ -47,10 +49,15 @@ Error::Error(std::int32_t number, std::u16string description, std::u16string sou
 
 std::int32_t errBasePlus(std::int32_t errBase, std::int32_t code) {
     const std::int64_t sum = static_cast<std::int64_t>(errBase) + code;
+    // A number outside 32 bits cannot be raised: the addition itself overflows (6), as
+    // the host's Long arithmetic does.
     if (sum < std::numeric_limits<std::int32_t>::min() ||
         sum > std::numeric_limits<std::int32_t>::max()) {
         throw Error(err::Overflow);
     }
+    // Error 0 reads as "no error" to every caller; the host raises 5 (invalid procedure
+    // call) when asked to raise 0, and so do we.
+    if (sum == 0) throw Error(err::InvalidProcedureCall);
     return static_cast<std::int32_t>(sum);
 }
 

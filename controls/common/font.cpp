@@ -4,7 +4,7 @@ namespace corvex {
 
 const ClassInfo& Font::staticClassInfo() {
     static const ClassInfo info(
-        u"Font", ClassKind::Object,
+        u"Font", ClassKind::Value,
         MemberTable<Font>()
             .property(u"Name", &Font::name, &Font::setName)
             .property(u"Size", &Font::size, &Font::setSize)

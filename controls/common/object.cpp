@@ -1,5 +1,8 @@
 #include "corvex/common/object.h"
 
+#include <algorithm>
+
+#include "corvex/common/font.h"
 #include "corvex/common/text.h"
 
 namespace corvex {
@@ -30,10 +33,86 @@ const EventInfo* ClassInfo::event(std::u16string_view name) const {
     return nullptr;
 }
 
+const MemberInfo* ClassInfo::memberById(int dispId) const {
+    for (const auto& m : members_) {
+        if (m.dispId == dispId) return &m;
+    }
+    return nullptr;
+}
+
+namespace {
+std::vector<const MemberInfo*> savedSorted(const std::vector<MemberInfo>& members,
+                                           int SavedInfo::*order) {
+    std::vector<const MemberInfo*> out;
+    for (const auto& m : members) {
+        if (m.saved) out.push_back(&m);
+    }
+    std::stable_sort(out.begin(), out.end(), [order](const MemberInfo* a, const MemberInfo* b) {
+        return (*a->saved).*order < (*b->saved).*order;
+    });
+    return out;
+}
+}  // namespace
+
+std::vector<const MemberInfo*> ClassInfo::savedInWriteOrder() const {
+    return savedSorted(members_, &SavedInfo::writeOrder);
+}
+
+std::vector<const MemberInfo*> ClassInfo::savedInReadOrder() const {
+    return savedSorted(members_, &SavedInfo::readOrder);
+}
+
+std::u16string EnumInfo::nameOf(std::int32_t value) const {
+    for (const auto& [n, v] : members) {
+        if (v == value) return n;
+    }
+    return {};
+}
+
+Variant SavedInfo::defaultFor(const FontDesc& ambient) const {
+    if (ambientFont) return Variant(ObjectRef(Font::make(ambient)));
+    return defaultValue;
+}
+
 std::shared_ptr<Object> ClassInfo::create(ControlSite& site) const {
     if (!factory_) throw Error(err::MemberNotFound, u"Class " + name_ + u" cannot be created");
     return factory_(site);
 }
+
+namespace {
+Variant convertTo(const Variant& v, VarType type) {
+    switch (type) {
+        case VarType::Boolean:
+            return Variant(v.toBoolean());
+        case VarType::Integer:
+            return Variant(v.toInteger());
+        case VarType::Long:
+            return Variant(v.toLong());
+        case VarType::Single:
+            return Variant(v.toSingle());
+        case VarType::Double:
+            return Variant(v.toDouble());
+        case VarType::String:
+            return Variant(v.toString());
+        case VarType::Object:
+            return Variant(v.toObject());
+        case VarType::Empty:
+            break;
+    }
+    return v;
+}
+
+// A by-reference parameter of a declared kind receives the caller's argument converted
+// to that kind, and the caller sees the converted value afterwards, as the host passes a
+// typed argument by reference.
+void convertByRefArgs(const std::vector<ParamInfo>& params, std::span<Variant> args) {
+    for (std::size_t i = 0; i < args.size() && i < params.size(); ++i) {
+        if (params[i].byRef && params[i].type != VarType::Empty) {
+            args[i] = convertTo(args[i], params[i].type);
+        }
+    }
+}
+}  // namespace
 
 Variant invoke(Object& object, std::u16string_view name, CallKind kind, std::span<Variant> args,
                const Variant& value) {
@@ -44,6 +123,7 @@ Variant invoke(Object& object, std::u16string_view name, CallKind kind, std::spa
         case CallKind::Method:
         case CallKind::Get:
             if (!m->get) throw Error(err::GetNotSupported);
+            convertByRefArgs(m->params, args);
             return m->get(object, args);
         case CallKind::Let:
         case CallKind::Set: {
@@ -53,6 +133,9 @@ Variant invoke(Object& object, std::u16string_view name, CallKind kind, std::spa
             const auto& setter = value.type() == VarType::Object ? (m->set ? m->set : m->let)
                                                                  : (m->let ? m->let : m->set);
             if (!setter) throw Error(err::SetNotSupported);
+            // The table says which properties are design-time only; the rule is applied
+            // here, once, for every caller that goes by name.
+            if (m->designTimeOnly) object.requireDesignTime();
             setter(object, args, value);
             return Variant();
         }
@@ -67,6 +150,26 @@ Variant getProperty(Object& object, std::u16string_view member) {
 void letProperty(Object& object, std::u16string_view member, const Variant& value) {
     invoke(object, member, value.type() == VarType::Object ? CallKind::Set : CallKind::Let, {},
            value);
+}
+
+bool isValueObject(const Object& object) {
+    return object.classInfo().kind() == ClassKind::Value;
+}
+
+std::vector<std::pair<std::u16string, Variant>> valueFields(const Object& object) {
+    std::vector<std::pair<std::u16string, Variant>> out;
+    // A value object's getters do not change it; the table's calls take a plain Object.
+    auto& o = const_cast<Object&>(object);
+    for (const auto& m : object.classInfo().members()) {
+        if (m.readable() && m.params.empty()) out.emplace_back(m.name, m.get(o, {}));
+    }
+    return out;
+}
+
+bool sameObjectValue(const ObjectRef& a, const ObjectRef& b) {
+    if (a == b) return true;
+    if (!a || !b || &a->classInfo() != &b->classInfo() || !isValueObject(*a)) return false;
+    return valueFields(*a) == valueFields(*b);
 }
 
 namespace detail {

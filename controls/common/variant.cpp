@@ -4,8 +4,8 @@
 #include <limits>
 
 #include "corvex/common/error.h"
-#include "corvex/common/font.h"
 #include "corvex/common/number_text.h"
+#include "corvex/common/object.h"
 #include "corvex/common/text.h"
 
 namespace corvex {
@@ -147,18 +147,9 @@ ObjectRef Variant::toObject() const {
     return asObject();
 }
 
-namespace {
-bool sameObject(const ObjectRef& a, const ObjectRef& b) {
-    if (a == b) return true;
-    auto fa = std::dynamic_pointer_cast<Font>(a);
-    auto fb = std::dynamic_pointer_cast<Font>(b);
-    return fa && fb && fa->desc() == fb->desc();
-}
-}  // namespace
-
 bool operator==(const Variant& a, const Variant& b) {
     if (a.type() != b.type()) return false;
-    if (a.type() == VarType::Object) return sameObject(a.asObject(), b.asObject());
+    if (a.type() == VarType::Object) return sameObjectValue(a.asObject(), b.asObject());
     return a.v_ == b.v_;
 }
 
@@ -166,7 +157,7 @@ bool hostEquals(const Variant& a, const Variant& b) {
     const VarType ta = a.type();
     const VarType tb = b.type();
     if (ta == VarType::Object || tb == VarType::Object) {
-        return ta == tb && sameObject(a.asObject(), b.asObject());
+        return ta == tb && sameObjectValue(a.asObject(), b.asObject());
     }
     if (ta == VarType::String && tb == VarType::String) return a.asString() == b.asString();
     // Empty against text compares as "", against a number as 0.

@@ -48,22 +48,13 @@ const ClassInfo& MemoBox::staticClassInfo() {
     static const ClassInfo info = [] {
         using M = MemoBox;
         EventTable ev;
-        ev.event(u"Change")
-            .event(u"Click")
-            .event(u"DblClick")
-            .event(u"KeyDown", events::keyCodeShift())
-            .event(u"KeyPress", events::keyAscii())
-            .event(u"KeyUp", events::keyCodeShift())
-            .event(u"MouseDown", events::mouse())
-            .event(u"MouseMove", events::mouse())
-            .event(u"MouseUp", events::mouse());
+        events::addTextEvents(ev);
         events::addDeclaredLifecycle(ev);
         return ClassInfo(u"MemoBox", ClassKind::Control,
                          MemberTable<M>()
                              .method(u"Cls", &M::cls)
                              .help(u"テキストを消去します。")
-                             .method(u"Refresh", &M::refresh)
-                             .help(u"コントロールを再描画します。")
+                             .method(common::Refresh, &M::refresh)
                              .method(u"Restore", &M::restore)
                              .help(u"Storeで保存したテキストに戻します。")
                              .method(u"RestoreDefault", &M::restoreDefault)
@@ -71,33 +62,37 @@ const ClassInfo& MemoBox::staticClassInfo() {
                              .method(u"Store", &M::store)
                              .help(u"現在のテキストを保存します。")
                              .method(u"CanPropertyChange", &M::canPropertyChange, {u"PropertyName"})
+                             .byRefAs(0, VarType::String)
                              .help(u"常にFalseを返します。")
-                             .property(u"BackColor", &M::backColor, &M::setBackColor)
-                             .help(u"背景色を設定します。")
-                             .property(u"DefaultValue", &M::defaultValue, &M::setDefaultValue)
-                             .help(u"既定値を設定します。（デザイン時のみ）")
-                             .property(u"Enabled", &M::enabled, &M::setEnabled)
-                             .help(u"入力の可否を設定します。")
-                             .property(u"Font", &M::font, &M::setFont)
-                             .help(u"フォントを設定します。")
-                             .property(u"ForeColor", &M::foreColor, &M::setForeColor)
-                             .help(u"文字色を設定します。")
-                             .property(u"IMEMode", &M::imeMode, &M::setImeMode)
-                             .help(u"IMEのモードを設定します。")
-                             .property(u"KeyName", &M::keyName, &M::setKeyName)
-                             .help(u"値を保存するキー名を設定します。")
+                             .property(common::BackColor, &M::backColor, &M::setBackColor)
+                             .saved(1, u"BackColor", color::WindowBackground)
+                             .property(common::DefaultValue, &M::defaultValue, &M::setDefaultValue)
+                             .designTimeOnly()
+                             .saved(7, u"DefaultValue", u"")
+                             .property(common::Enabled, &M::enabled, &M::setEnabled)
+                             .saved(2, u"Enabled", true)
+                             // Written third, read fifth, after the other widget settings.
+                             .property(common::Font, &M::font, &M::setFont)
+                             .saved(3, u"Font", ambientFontDefault)
+                             .readAt(5)
+                             .property(common::ForeColor, &M::foreColor, &M::setForeColor)
+                             .saved(4, u"ForeColor", color::WindowText)
+                             .readAt(3)
+                             .property(common::IMEMode, &M::imeMode, &M::setImeMode)
+                             .saved(5, u"IMEMode", std::int16_t{0})
+                             .readAt(4)
+                             .property(common::KeyName, &M::keyName, &M::setKeyName)
+                             .saved(8, u"KeyName", u"")
                              .property(u"ScrollBars", &M::scrollBars, &M::setScrollBars)
                              .help(u"スクロールバーの種類を設定します。")
-                             .property(u"SectionName", &M::sectionName, &M::setSectionName)
-                             .help(u"値を保存するセクション名を設定します。")
-                             .property(u"SelLength", &M::selLength, &M::setSelLength)
-                             .help(u"選択文字数を設定します。")
-                             .property(u"SelStart", &M::selStart, &M::setSelStart)
-                             .help(u"選択開始位置を設定します。")
-                             .property(u"SelText", &M::selText, &M::setSelText)
-                             .help(u"選択文字列を設定します。")
-                             .property(u"Text", &M::text, &M::setText)
-                             .help(u"テキストを設定します。")
+                             .saved(6, u"ScrollBars", std::int32_t{0})
+                             .readAs(u"Scrollbars")
+                             .property(common::SectionName, &M::sectionName, &M::setSectionName)
+                             .saved(9, u"SectionName", u"")
+                             .property(common::SelLength, &M::selLength, &M::setSelLength)
+                             .property(common::SelStart, &M::selStart, &M::setSelStart)
+                             .property(common::SelText, &M::selText, &M::setSelText)
+                             .property(common::Text, &M::text, &M::setText)
                              .property(u"Value", &M::value, &M::setValue)
                              .help(u"値（テキスト）を設定します。")
                              .build(),
@@ -158,9 +153,10 @@ void MemoBox::readProperties(PropertyBag& bag) {
     d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
     d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
     d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
-    d->copying = true;  // each box gets the default itself; nothing to copy
+    // Each box gets the default: the first one that changes raises Change once and the
+    // copy rule brings the others along, as the numeric boxes raise Change on loading a
+    // default; an empty default changes nothing and raises nothing.
     forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
-    d->copying = false;
     showBoxOf(d->scrollBars);
 }
 
@@ -242,6 +238,8 @@ std::u16string MemoBox::defaultValue() const {
 }
 
 void MemoBox::setDefaultValue(std::u16string v) {
+    // The table's dispatch refuses a let by name at run time (382); this guards a direct
+    // C++ call with the same rule.
     requireDesignTime();
     d->defaultValue = v;
     propertyChanged(u"DefaultValue");
@@ -337,7 +335,9 @@ std::u16string MemoBox::selText() const {
 }
 
 void MemoBox::setSelText(std::u16string t) {
-    forEachBox([&](TextBox& b) { b.setSelText(t); });
+    // The selection is replaced once, in the visible box; its Change copies the new text
+    // into the other boxes. Replacing it in each box would insert it once per box.
+    visibleBox().setSelText(t);
     propertyChanged(u"SelText");
 }
 
@@ -358,10 +358,6 @@ void MemoBox::setValue(std::u16string v) {
     forEachBox([&](TextBox& b) { b.setText(v); });
     propertyChanged(u"Value");
     propertyChanged(u"Text");
-}
-
-const Variant& MemoBox::storedValue() const {
-    return d->storedValue;
 }
 
 }  // namespace corvex

@@ -74,9 +74,6 @@ public:
     /// Sets whether a disabled box always reads False.
     void setAlwaysFalseWhenNotEnabled(Boolean v);
 
-    /// The slot that Store fills and Restore reads.
-    const Variant& storedValue() const;
-
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
     void releaseWidgets() override;
@@ -84,7 +81,7 @@ protected:
 private:
     CheckBox& chk() const;
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> const d;
 };
 
 }  // namespace corvex

@@ -38,6 +38,8 @@ public:
     bool detached() const { return site_ == nullptr; }
     /// Raises 398 (client site not available) once the control is detached.
     void checkAvailable() const override;
+    /// Raises 382 at run time, for properties that may be set only at design time.
+    void requireDesignTime() const override;
 
     /// Sets the properties to their defaults (a control newly placed in the designer).
     virtual void initProperties() = 0;
@@ -70,8 +72,6 @@ protected:
     bool userMode() const;
     /// The ambient font.
     FontDesc ambientFont() const;
-    /// Raises 382 at run time, for properties that may be set only at design time.
-    void requireDesignTime() const;
     /// The control's message table (the common codes only, unless overridden).
     virtual const MessageTable& messageTable() const;
     /// A message text in the locale's language, read at this moment.
@@ -112,6 +112,26 @@ T readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def) {
     return readSaved(bag, name, def,
                      [](const Variant& v) { return detail::ArgTraits<T>::from(v); });
 }
+
+/// The names and help strings of the members that several classes share, declared once.
+/// Each class's table lists them with its own accessors (and its own saved defaults).
+namespace common {
+inline constexpr MemberDoc Refresh{u"Refresh", u"コントロールを再描画します。"};
+inline constexpr MemberDoc BackColor{u"BackColor", u"背景色を設定します。"};
+inline constexpr MemberDoc Caption{u"Caption", u"表示文字列を設定します。"};
+inline constexpr MemberDoc DefaultValue{u"DefaultValue", u"既定値を設定します。（デザイン時のみ）"};
+inline constexpr MemberDoc Enabled{u"Enabled", u"入力の可否を設定します。"};
+inline constexpr MemberDoc Font{u"Font", u"フォントを設定します。"};
+inline constexpr MemberDoc ForeColor{u"ForeColor", u"文字色を設定します。"};
+inline constexpr MemberDoc IMEMode{u"IMEMode", u"IMEのモードを設定します。"};
+inline constexpr MemberDoc KeyName{u"KeyName", u"値を保存するキー名を設定します。"};
+inline constexpr MemberDoc SectionName{u"SectionName", u"値を保存するセクション名を設定します。"};
+inline constexpr MemberDoc SelLength{u"SelLength", u"選択文字数を設定します。"};
+inline constexpr MemberDoc SelStart{u"SelStart", u"選択開始位置を設定します。"};
+inline constexpr MemberDoc SelText{u"SelText", u"選択文字列を設定します。"};
+inline constexpr MemberDoc Text{u"Text", u"テキストを設定します。"};
+inline constexpr MemberDoc ErrBase{u"ErrBase", u"エラー番号の基数を設定します。"};
+}  // namespace common
 
 /// The event tables' entries shared by the controls that pass on widget events.
 namespace events {

@@ -11,6 +11,7 @@ namespace corvex {
 
 /// Error numbers of the host that the controls raise or pass on.
 namespace err {
+inline constexpr std::int32_t InvalidProcedureCall = 5;          ///< error 0 asked for, bad call
 inline constexpr std::int32_t Overflow = 6;                      ///< arithmetic overflow
 inline constexpr std::int32_t SubscriptOutOfRange = 9;           ///< no such element
 inline constexpr std::int32_t TypeMismatch = 13;                 ///< value of the wrong kind
@@ -53,7 +54,9 @@ private:
     std::string what_;
 };
 
-/// ErrBase plus a code, as a 32-bit number; raises 6 when the sum leaves the 32-bit range.
+/// ErrBase plus a code, as a 32-bit number. Raises 6 (overflow) when the sum leaves the
+/// 32-bit range, and 5 (invalid procedure call) when it comes out 0, which no caller could
+/// tell from "no error".
 std::int32_t errBasePlus(std::int32_t errBase, std::int32_t code);
 
 }  // namespace corvex

@@ -21,6 +21,7 @@ namespace corvex {
 
 class ClassInfo;
 class ControlSite;
+struct FontDesc;
 
 /// An object whose members can be reached by name through its class's table.
 class Object : public std::enable_shared_from_this<Object> {
@@ -31,6 +32,43 @@ public:
     /// Raises an error when the object can no longer be used (a control whose form has
     /// gone); every access by member name checks it first.
     virtual void checkAvailable() const {}
+    /// Raises 382 when a design-time-only property may not be set now (a control at run
+    /// time); the table's dispatch calls it before such a property's let or set.
+    virtual void requireDesignTime() const {}
+};
+
+/// One public enumeration: its name and its members with their values, in declaration
+/// order, so that tools show `PM_decimal` rather than 0.
+struct EnumInfo {
+    std::u16string name;                                           ///< the enumeration's name
+    std::vector<std::pair<std::u16string, std::int32_t>> members;  ///< names and values
+    /// The name of a value; empty when no member has it.
+    std::u16string nameOf(std::int32_t value) const;
+};
+
+/// The table-side description of a C++ enumeration; each public enumeration provides it
+/// (see corvex/library/enums.h).
+template <class E>
+const EnumInfo& enumInfo();
+
+/// The default a saved property is written and read with that is not a fixed value but
+/// the host's ambient font at that moment.
+struct AmbientFontDefault {
+    friend bool operator==(AmbientFontDefault, AmbientFontDefault) = default;
+};
+/// The ambient-font default, as a saved property declares it.
+inline constexpr AmbientFontDefault ambientFontDefault{};
+
+/// How a property is kept in the property bag.
+struct SavedInfo {
+    std::u16string writeName;  ///< the name it is written under
+    std::u16string readName;   ///< the name it is read under (usually writeName)
+    Variant defaultValue;      ///< the default, of the kind written (Empty with ambientFont)
+    bool ambientFont = false;  ///< the default is the host's ambient font
+    int writeOrder = 0;        ///< its place (from 1) among the class's writes
+    int readOrder = 0;         ///< its place (from 1) among the class's reads
+    /// The default as a bag sees it: the ambient font turned into a Font, else the value.
+    Variant defaultFor(const FontDesc& ambient) const;
 };
 
 /// How a member is reached.
@@ -51,14 +89,30 @@ struct MemberInfo {
     /// A property let or set: (object, index arguments, new value).
     using Setter = std::function<void(Object&, std::span<Variant>, const Variant&)>;
 
-    std::u16string name;            ///< the member's name
-    bool isMethod = false;          ///< a method rather than a property
-    VarType type = VarType::Empty;  ///< result or property kind
-    std::vector<ParamInfo> params;  ///< method arguments, or property indexes
-    Getter get;                     ///< invoke (method) or get (property); may be empty
-    Setter let;                     ///< let of a value property; may be empty
-    Setter set;                     ///< set of an object property; may be empty
-    std::u16string help;            ///< one-line description for property browsers
+    std::u16string name;                    ///< the member's name
+    bool isMethod = false;                  ///< a method rather than a property
+    VarType type = VarType::Empty;          ///< result or property kind
+    std::vector<ParamInfo> params;          ///< method arguments, or property indexes
+    Getter get;                             ///< invoke (method) or get (property); may be empty
+    Setter let;                             ///< let of a value property; may be empty
+    Setter set;                             ///< set of an object property; may be empty
+    std::u16string help;                    ///< one-line description for property browsers
+    int dispId = 0;                         ///< stable member number, from 1 in interface order
+    const EnumInfo* enumeration = nullptr;  ///< the enumeration of an enumerated type
+    bool designTimeOnly = false;            ///< its let/set raises 382 at run time
+    std::optional<SavedInfo> saved;         ///< how it is saved; empty for unsaved members
+
+    /// Whether it is a property that can be read.
+    bool readable() const { return !isMethod && static_cast<bool>(get); }
+    /// Whether it is a property that can be assigned (let or set).
+    bool writable() const { return !isMethod && (let || set); }
+};
+
+/// The name and help string of a member, declared once and shared by every class that
+/// has the member (see corvex/common/control.h, namespace common).
+struct MemberDoc {
+    const char16_t* name;  ///< the member's name
+    const char16_t* help;  ///< its one-line help string
 };
 
 /// One event in a class's event interface.
@@ -70,7 +124,13 @@ struct EventInfo {
 };
 
 /// What kind of public class a table describes.
-enum class ClassKind { Control, ServiceControl, PropertyPage, Object };
+enum class ClassKind {
+    Control,         ///< a visible control
+    ServiceControl,  ///< an icon-only service control
+    PropertyPage,    ///< a property page
+    Object,          ///< an object compared by identity
+    Value,           ///< a value object (Font): compared, printed and saved by its properties
+};
 
 /// The table of one public class: name, members in interface order, events in
 /// declaration order, and how to create an instance.
@@ -95,6 +155,12 @@ public:
     const MemberInfo* member(std::u16string_view name) const;
     /// An event by name; null when there is none.
     const EventInfo* event(std::u16string_view name) const;
+    /// A member by its number; null when there is none.
+    const MemberInfo* memberById(int dispId) const;
+    /// The saved properties in the order they are written.
+    std::vector<const MemberInfo*> savedInWriteOrder() const;
+    /// The saved properties in the order they are read.
+    std::vector<const MemberInfo*> savedInReadOrder() const;
     /// Creates an instance on a site; raises 429-like 438 when the class is not creatable.
     std::shared_ptr<Object> create(ControlSite& site) const;
     /// Whether instances can be created.
@@ -112,8 +178,9 @@ private:
 };
 
 /// Reaches a member by name: a method call or property get returns its value, a let or
-/// set returns Empty. Raises 438 for an unknown member, 383/394 for a missing accessor,
-/// 450 for a wrong argument count, and whatever the member raises.
+/// set returns Empty. Raises 398 for a detached control, 438 for an unknown member,
+/// 383/394 for a missing accessor, 450 for a wrong argument count, 382 for a let or set of a
+/// design-time-only property at run time, and whatever the member raises.
 Variant invoke(Object& object, std::u16string_view member, CallKind kind,
                std::span<Variant> args = {}, const Variant& value = {});
 
@@ -121,6 +188,17 @@ Variant invoke(Object& object, std::u16string_view member, CallKind kind,
 Variant getProperty(Object& object, std::u16string_view member);
 /// Property let by name (set for object values), without index arguments.
 void letProperty(Object& object, std::u16string_view member, const Variant& value);
+
+// The one hook through which value objects (a Font) are compared, printed and saved: a
+// value object is its class's readable properties, in table order. Comparison, literals
+// and form files go through these instead of asking for each value class by type.
+
+/// Whether an object is a value object (its class's kind is ClassKind::Value).
+bool isValueObject(const Object& object);
+/// The readable properties of a value object with their values, in table order.
+std::vector<std::pair<std::u16string, Variant>> valueFields(const Object& object);
+/// Whether two references name the same object, or equal value objects of one class.
+bool sameObjectValue(const ObjectRef& a, const ObjectRef& b);
 
 // ---------------------------------------------------------------------------------
 // Typed adapters between C++ member functions and Variants. A class declares its
@@ -306,6 +384,11 @@ class MemberTable {
 public:
     /// A method; names label the parameters (for tables and help).
     template <class Fn>
+    MemberTable& method(const MemberDoc& doc, Fn fn, std::vector<std::u16string> paramNames = {}) {
+        return method(doc.name, fn, std::move(paramNames)).help(doc.help);
+    }
+    /// A method; names label the parameters (for tables and help).
+    template <class Fn>
     MemberTable& method(std::u16string name, Fn fn, std::vector<std::u16string> paramNames = {}) {
         using T = detail::FnTraits<Fn>;
         MemberInfo m;
@@ -318,16 +401,27 @@ public:
             detail::checkArgCount(ps, args.size());
             return detail::callWith<C>(fn, o, args, std::make_index_sequence<T::arity>{});
         };
-        members_.push_back(std::move(m));
+        add(std::move(m));
         return *this;
     }
 
+    /// A read-only property shared by several classes, with its shared help string.
+    template <class G>
+    MemberTable& getOnly(const MemberDoc& doc, G getter) {
+        return getOnly(doc.name, getter).help(doc.help);
+    }
     /// A read-only property (its getter may take index arguments).
     template <class G>
     MemberTable& getOnly(std::u16string name, G getter,
                          std::vector<std::u16string> indexNames = {}) {
-        members_.push_back(makeProperty(std::move(name), getter, indexNames));
+        add(makeProperty(std::move(name), getter, indexNames));
         return *this;
+    }
+
+    /// A property shared by several classes, with its shared help string.
+    template <class G, class S>
+    MemberTable& property(const MemberDoc& doc, G getter, S setter) {
+        return property(doc.name, getter, setter).help(doc.help);
     }
 
     /// A property with get and let (the setter takes the index arguments, then the value).
@@ -347,13 +441,54 @@ public:
         } else {
             m.let = setFn;
         }
-        members_.push_back(std::move(m));
+        add(std::move(m));
         return *this;
     }
 
     /// Sets the one-line help text of the member added last.
     MemberTable& help(std::u16string text) {
         members_.back().help = std::move(text);
+        return *this;
+    }
+
+    /// The property added last is saved under its bag name with a fixed default; order is
+    /// its place (from 1) among the class's writes and reads.
+    MemberTable& saved(int order, std::u16string bagName, Variant defaultValue) {
+        SavedInfo s;
+        s.readName = bagName;
+        s.writeName = std::move(bagName);
+        s.defaultValue = std::move(defaultValue);
+        s.writeOrder = s.readOrder = order;
+        members_.back().saved = std::move(s);
+        return *this;
+    }
+    /// The property added last is saved with the host's ambient font as its default.
+    MemberTable& saved(int order, std::u16string bagName, AmbientFontDefault) {
+        saved(order, std::move(bagName), Variant());
+        members_.back().saved->ambientFont = true;
+        return *this;
+    }
+    /// The saved property added last is read at another place than it is written.
+    MemberTable& readAt(int order) {
+        members_.back().saved->readOrder = order;
+        return *this;
+    }
+    /// The saved property added last is read back under another spelling than it is
+    /// written under.
+    MemberTable& readAs(std::u16string bagName) {
+        members_.back().saved->readName = std::move(bagName);
+        return *this;
+    }
+    /// Declares the kind of a by-reference parameter of the member added last (a Variant&
+    /// in C++): the dispatch converts the caller's argument to that kind in place.
+    MemberTable& byRefAs(std::size_t param, VarType type) {
+        members_.back().params.at(param).type = type;
+        return *this;
+    }
+    /// The property added last may be set only at design time: the table's dispatch
+    /// raises 382 for a let or set at run time.
+    MemberTable& designTimeOnly() {
+        members_.back().designTimeOnly = true;
         return *this;
     }
 
@@ -384,7 +519,16 @@ private:
             detail::checkArgCount(ps, args.size());
             return detail::callWith<C>(getter, o, args, std::make_index_sequence<T::arity>{});
         };
+        using R = std::remove_cvref_t<typename T::Result>;
+        if constexpr (std::is_enum_v<R>) m.enumeration = &enumInfo<R>();
         return m;
+    }
+
+    // Members are numbered from 1 in interface order; the order is fixed, so the numbers
+    // are stable.
+    void add(MemberInfo m) {
+        m.dispId = static_cast<int>(members_.size()) + 1;
+        members_.push_back(std::move(m));
     }
 
     std::vector<MemberInfo> members_;

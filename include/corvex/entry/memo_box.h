@@ -83,7 +83,7 @@ public:
     void setSelStart(std::int32_t n);
     /// Selected text of the visible box.
     std::u16string selText() const;
-    /// Replaces the selected text in all four boxes.
+    /// Replaces the visible box's selection; the other boxes follow its Change.
     void setSelText(std::u16string t);
     /// The visible box's text.
     std::u16string text() const;
@@ -93,9 +93,6 @@ public:
     std::u16string value() const;
     /// Sets the text of all four boxes as the value.
     void setValue(std::u16string v);
-
-    /// The slot that Store fills and Restore reads.
-    const Variant& storedValue() const;
 
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
@@ -108,7 +105,7 @@ private:
     void forEachBox(F f);
 
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> const d;
 };
 
 }  // namespace corvex

@@ -133,11 +133,6 @@ public:
     /// Sets the error base.
     void setErrBase(std::int32_t v);
 
-    /// The slot that Store fills and Restore reads.
-    const Variant& storedValue() const;
-    /// The background colour taken at loading, to which a filled MustEnter box returns.
-    std::int32_t normalBackColor() const;
-
 protected:
     /// A numeric box whose text box aligns its text (0 left, 1 right).
     NumericInputBox(ControlSite& site, std::int16_t alignment);
@@ -160,7 +155,7 @@ private:
     T typedRead(T& last, Read read);
 
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> const d;
 };
 
 /// A one-line numeric box with left-aligned text.

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <vector>
+
+#include "corvex/common/object.h"
 
 namespace corvex {
 
@@ -34,5 +37,18 @@ enum class ScrollBarsMode : std::int32_t {
     barVertical = 2,    ///< a vertical scroll bar
     barBoth = 3,        ///< both scroll bars
 };
+
+/// The table-side description of CorvexIMEMode.
+template <>
+const EnumInfo& enumInfo<CorvexIMEMode>();
+/// The table-side description of InputMode.
+template <>
+const EnumInfo& enumInfo<InputMode>();
+/// The table-side description of ScrollBarsMode.
+template <>
+const EnumInfo& enumInfo<ScrollBarsMode>();
+
+/// Every public enumeration, in the order the library publishes them.
+const std::vector<const EnumInfo*>& publicEnumerations();
 
 }  // namespace corvex

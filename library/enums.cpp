@@ -1,0 +1,48 @@
+#include "corvex/library/enums.h"
+
+namespace corvex {
+
+// The names are the published ones, letter for letter; the values equal the C++
+// enumerators (a test checks every pair).
+
+template <>
+const EnumInfo& enumInfo<CorvexIMEMode>() {
+    static const EnumInfo info{u"CorvexIMEMode",
+                               {{u"IMENone", 0},
+                                {u"IMEON", 1},
+                                {u"IMEOFF", 2},
+                                {u"IMEDisable", 3},
+                                {u"IMEHiragana", 4},
+                                {u"IMEKatakana", 5},
+                                {u"IMEKatakanaHalf", 6},
+                                {u"IMEAlphaFull", 7},
+                                {u"IMEAlpha", 8}}};
+    return info;
+}
+
+template <>
+const EnumInfo& enumInfo<InputMode>() {
+    static const EnumInfo info{u"InputMode",
+                               {{u"PM_decimal", 0},
+                                {u"P_decimal", 1},
+                                {u"PM_Integer", 2},
+                                {u"P_Integer", 3},
+                                {u"Free", 4}}};
+    return info;
+}
+
+template <>
+const EnumInfo& enumInfo<ScrollBarsMode>() {
+    static const EnumInfo info{
+        u"ScrollBarsMode",
+        {{u"barNone", 0}, {u"barHorizontal", 1}, {u"barVertical", 2}, {u"barBoth", 3}}};
+    return info;
+}
+
+const std::vector<const EnumInfo*>& publicEnumerations() {
+    static const std::vector<const EnumInfo*> all = {
+        &enumInfo<CorvexIMEMode>(), &enumInfo<InputMode>(), &enumInfo<ScrollBarsMode>()};
+    return all;
+}
+
+}  // namespace corvex
