@@ -5,6 +5,7 @@
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
 #include "corvex/library/class_table.h"
+#include "corvex/library/memory_bag.h"
 #include "support/headless_fixture.h"
 
 using namespace corvex;
@@ -133,6 +134,60 @@ TEST_F(HeadlessTest, shouldGiveMemoBoxFourMultiLineBoxesWithTheirOwnScrollBars) 
         ASSERT_NE(b, nullptr);
         EXPECT_TRUE(b->multiLine());
         EXPECT_EQ(b->scrollBars(), i);
+    }
+}
+
+TEST_F(HeadlessTest, shouldRefreshAfterTheColourAndFontLetsOnly) {
+    auto& n = static_cast<NumInputBox&>(h.add(NumInputBox::staticClassInfo(), u"n"));
+    int& count = h.site(u"n").refreshCount;
+    count = 0;
+    n.setBackColor(1);
+    EXPECT_EQ(count, 1) << "BackColor";
+    n.setForeColor(2);
+    EXPECT_EQ(count, 2) << "ForeColor";
+    n.setFont(n.font());
+    EXPECT_EQ(count, 3) << "Font";
+    n.setEnabled(false);
+    n.setKeyName(u"k");
+    n.setMustEnterColor(5);
+    EXPECT_EQ(count, 3) << "other lets repaint nothing";
+}
+
+TEST_F(HeadlessTest, shouldRefreshWhenRecolouringForMustEnterOnEveryTextChange) {
+    auto& n = static_cast<NumInputBox&>(h.add(NumInputBox::staticClassInfo(), u"n"));
+    int& count = h.site(u"n").refreshCount;
+    n.setText(u"1");  // MustEnter off: the recolouring step still repaints
+    count = 0;
+    n.setText(u"2");
+    EXPECT_EQ(count, 1);
+    n.setMustEnter(true);
+    h.site(u"n").clearRecords();
+    n.setText(u"");
+    EXPECT_EQ(count, 2);
+    EXPECT_EQ(n.backColor(), color::Red);
+    EXPECT_EQ(h.site(u"n").changes, (std::vector<std::u16string>{u"BackColor", u"Text"}));
+}
+
+TEST_F(HeadlessTest, shouldRefreshAtTheEndOfLoading) {
+    MemoryBag bag({{u"DefaultValue", Variant(u"5")}});
+    h.setUserMode(false);
+    h.load(NumInputBox::staticClassInfo(), u"n", bag);
+    // The font set, the recolouring of the default's Change and the final step each ask.
+    EXPECT_EQ(h.site(u"n").refreshCount, 3);
+    MemoryBag empty;
+    h.load(NumInputBox::staticClassInfo(), u"e", empty);
+    EXPECT_EQ(h.site(u"e").refreshCount, 2) << "no Change without a default";
+}
+
+TEST_F(HeadlessTest, shouldGiveTheApplicationTitleAsTheSourceOfReaderErrors) {
+    h.host().setTitle(u"Ledger");
+    auto& n = static_cast<NumInputBox&>(h.add(NumInputBox::staticClassInfo(), u"n"));
+    n.setText(u"40000");
+    try {
+        n.valInt();
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.source(), u"Ledger");
     }
 }
 

@@ -21,6 +21,10 @@ public:
                 .property(u"Item", &Sample::item, &Sample::setItem, {u"Index"})
                 .getOnly(u"Count", &Sample::count)
                 .property(u"Flag", &Sample::flag, &Sample::setFlag)
+                .property(u"Design", &Sample::design, &Sample::setDesign)
+                .designTimeOnly()
+                .method(u"Label", &Sample::label, {u"Text"})
+                .byRefAs(0, VarType::String)
                 .build(),
             {});
         return info;
@@ -37,10 +41,20 @@ public:
     std::int16_t count() const { return static_cast<std::int16_t>(items_.size()); }
     Boolean flag() const { return flag_; }
     void setFlag(Boolean b) { flag_ = b; }
+    // No check of its own: the table's dispatch applies the design-time rule.
+    std::int32_t design() const { return design_; }
+    void setDesign(std::int32_t v) { design_ = v; }
+    std::int32_t label(Variant& text) { return static_cast<std::int32_t>(text.asString().size()); }
+
+    void requireDesignTime() const override {
+        if (running) throw Error(err::SetNotSupportedAtRuntime);
+    }
+    bool running = false;
 
 private:
     std::vector<std::u16string> items_{u"a", u"b"};
     Boolean flag_;
+    std::int32_t design_ = 0;
 };
 
 Variant call(Object& o, std::u16string_view name, std::vector<Variant> args,
@@ -144,6 +158,49 @@ TEST(MemberTable, shouldDescribeParametersAndTypes) {
     const MemberInfo* twice = Sample::staticClassInfo().member(u"Twice");
     EXPECT_TRUE(twice->params[0].byRef);
     EXPECT_FALSE(static_cast<bool>(Sample::staticClassInfo().member(u"Count")->let));
+}
+
+TEST(MemberTable, shouldRefuseADesignTimeOnlyLetAtRunTimeInTheDispatch) {
+    Sample s;
+    letProperty(s, u"Design", Variant(std::int32_t{1}));
+    EXPECT_EQ(s.design(), 1) << "allowed at design time";
+    s.running = true;
+    EXPECT_EQ(errorOf([&] { letProperty(s, u"Design", Variant(std::int32_t{2})); }),
+              err::SetNotSupportedAtRuntime);
+    EXPECT_EQ(s.design(), 1) << "the setter never ran";
+    EXPECT_EQ(getProperty(s, u"Design"), Variant(std::int32_t{1})) << "reading is allowed";
+    letProperty(s, u"Flag", Variant(true));
+    EXPECT_EQ(s.flag(), Boolean(true)) << "other properties are not affected";
+}
+
+TEST(MemberTable, shouldConvertATypedByReferenceArgumentInPlace) {
+    Sample s;
+    std::vector<Variant> args{Variant(std::int32_t{1234})};
+    EXPECT_EQ(invoke(s, u"Label", CallKind::Method, args), Variant(std::int32_t{4}));
+    EXPECT_EQ(args[0], Variant(u"1234"));
+    const MemberInfo* m = Sample::staticClassInfo().member(u"Label");
+    EXPECT_EQ(m->params[0].type, VarType::String);
+    EXPECT_TRUE(m->params[0].byRef);
+}
+
+TEST(MemberTable, shouldCompareValueObjectsByTheirPropertiesAndOthersByIdentity) {
+    FontDesc d;
+    d.name = u"A";
+    const Variant a(ObjectRef(Font::make(d)));
+    const Variant b(ObjectRef(Font::make(d)));
+    EXPECT_EQ(a, b) << "two fonts with the same description are the same value";
+    d.size = 10;
+    EXPECT_NE(a, Variant(ObjectRef(Font::make(d))));
+    auto s1 = std::make_shared<Sample>();
+    auto s2 = std::make_shared<Sample>();
+    EXPECT_EQ(Variant(ObjectRef(s1)), Variant(ObjectRef(s1)));
+    EXPECT_NE(Variant(ObjectRef(s1)), Variant(ObjectRef(s2))) << "not value objects";
+    EXPECT_TRUE(isValueObject(*Font::make({})));
+    EXPECT_FALSE(isValueObject(*s1));
+    const auto fields = valueFields(*Font::make(d));
+    ASSERT_EQ(fields.size(), 8u);
+    EXPECT_EQ(fields[0], (std::pair<std::u16string, Variant>{u"Name", Variant(u"A")}));
+    EXPECT_EQ(fields[1], (std::pair<std::u16string, Variant>{u"Size", Variant(10.0)}));
 }
 
 TEST(MemberTable, shouldReachFontPropertiesByName) {

@@ -197,6 +197,93 @@ TEST_P(MemoBoxTest, shouldSizeAllFourBoxesToTheSurface) {
     }
 }
 
+TEST_P(MemoBoxTest, shouldRaiseChangeOnceWhenLoadingANonEmptyDefault) {
+    MemoryBag bag({{u"DefaultValue", Variant(u"hello")}});
+    load(bag);
+    auto names = corvex::testing::eventNames(h->events(u"m"));
+    EXPECT_EQ(std::count(names.begin(), names.end(), u"Change"), 1);
+    MemoryBag empty;
+    load(empty, u"e");
+    names = corvex::testing::eventNames(h->events(u"e"));
+    EXPECT_EQ(std::count(names.begin(), names.end(), u"Change"), 0) << "nothing changed";
+}
+
+TEST_P(MemoBoxTest, shouldReplaceTheSelectionOnceAndLetTheOtherBoxesFollow) {
+    MemoBox& m = add();
+    m.setText(u"ab");
+    m.setSelStart(1);
+    h->clearRecords(u"m");
+    m.setSelText(u"X");
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(box(i).text(), u"aXb") << "box " << i;
+    EXPECT_EQ(m.text(), u"aXb");
+    const auto names = corvex::testing::eventNames(h->events(u"m"));
+    EXPECT_EQ(std::count(names.begin(), names.end(), u"Change"), 1);
+    EXPECT_EQ(h->changes(u"m"), std::vector<std::u16string>{u"SelText"});
+}
+
+TEST_P(MemoBoxTest, shouldReplaceTheSelectionOfTheVisibleBox) {
+    MemoBox& m = add();
+    m.setText(u"abcd");
+    m.setScrollBars(ScrollBarsMode::barVertical);
+    m.setSelStart(1);
+    m.setSelLength(2);
+    m.setSelText(u"-");
+    for (int i = 0; i < 4; ++i) EXPECT_EQ(box(i).text(), u"a-d") << "box " << i;
+}
+
+TEST_P(MemoBoxTest, shouldTakeCanPropertyChangeArgumentAsAStringByReference) {
+    MemoBox& m = add();
+    Variant args[] = {Variant(std::int16_t{5})};
+    EXPECT_EQ(invoke(m, u"CanPropertyChange", CallKind::Method, args), Variant(false));
+    EXPECT_EQ(args[0], Variant(u"5")) << "the caller's argument is passed as a String";
+}
+
+TEST_P(MemoBoxTest, shouldSignalEachLetUnderItsName) {
+    h->setUserMode(false);
+    MemoBox& m = add();
+    h->clearRecords(u"m");
+    m.setBackColor(1);
+    m.setDefaultValue(u"d");
+    m.setEnabled(true);
+    m.setFont(m.font());
+    m.setForeColor(2);
+    m.setImeMode(CorvexIMEMode::IMEON);
+    m.setKeyName(u"k");
+    m.setScrollBars(ScrollBarsMode::barBoth);
+    m.setSectionName(u"s");
+    m.setSelLength(0);
+    m.setSelStart(0);
+    m.setSelText(u"");
+    m.setText(u"t");
+    m.setValue(u"v");
+    EXPECT_EQ(h->changes(u"m"),
+              (std::vector<std::u16string>{u"BackColor", u"DefaultValue", u"Value", u"Text",
+                                           u"Enabled", u"Font", u"ForeColor", u"IMEMode",
+                                           u"KeyName", u"ScrollBars", u"SectionName", u"SelLength",
+                                           u"SelStart", u"SelText", u"Text", u"Value", u"Text"}));
+}
+
+TEST_P(MemoBoxTest, shouldSaveNothingWhenNew) {
+    MemoBox& m = add();
+    MemoryBag bag;
+    m.writeProperties(bag);
+    EXPECT_TRUE(bag.entries().empty());
+}
+
+TEST_P(MemoBoxTest, shouldRefuseDefaultValueByNameAtRunTimeWith382) {
+    MemoBox& m = add();
+    m.setText(u"kept");
+    h->clearRecords(u"m");
+    try {
+        letProperty(m, u"DefaultValue", Variant(u"x"));
+        FAIL() << "expected 382";
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), 382);
+    }
+    EXPECT_EQ(m.text(), u"kept");
+    EXPECT_TRUE(h->changes(u"m").empty());
+}
+
 TEST_P(MemoBoxTest, shouldInsertLineBreaksOnEnter) {
     MemoBox& m = add();
     h->click(u"m", u"txtMemo", 0);

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 #include "corvex/common/text.h"
 #include "corvex/library/memory_bag.h"
 #include "support/harness.h"
@@ -526,6 +528,120 @@ TEST_P(NumInputBoxTest, shouldPassChangeOnForEveryTextChange) {
     n.setValue(u"12");
     h->typeText(u"n", u"3");
     EXPECT_EQ(count(names(), u"Change"), 2);
+}
+
+TEST_P(NumInputBoxTest, shouldFillTheSurfaceWithTheTextBoxOnResize) {
+    add();
+    h->resize(u"n", 3000, 450);
+    TextBox& t = txt();
+    EXPECT_NEAR(t.width(), 3000, 15);
+    EXPECT_NEAR(t.height(), 450, 15);
+    EXPECT_NEAR(t.left(), 0, 0.01) << "the position is not changed";
+    EXPECT_NEAR(t.top(), 0, 0.01);
+    h->setScaleMode(u"n", ScaleMode::Pixels);
+    h->resize(u"n", 1500, 600);
+    EXPECT_NEAR(t.width(), 1500, 15) << "widget geometry is in twips whatever the scale mode";
+    EXPECT_NEAR(t.height(), 600, 15);
+    EXPECT_EQ(count(names(), u"Resize"), 0) << "no Resize event";
+}
+
+TEST_P(NumInputBoxTest, shouldRaise380ForANegativeMaxLength) {
+    NumericInputBox& n = add();
+    n.setMaxLength(4);
+    h->clearRecords(u"n");
+    try {
+        letProperty(n, u"MaxLength", Variant(std::int16_t{-1}));
+        FAIL() << "expected 380";
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), err::InvalidPropertyValue);
+    }
+    EXPECT_EQ(n.maxLength(), 4);
+    EXPECT_TRUE(h->changes(u"n").empty());
+}
+
+TEST_P(NumInputBoxTest, shouldShowAMessageForARefusedLowerLimitAtDesignTime) {
+    h->setUserMode(false);
+    h->setLocaleId(1033);
+    NumericInputBox& n = add();
+    n.setUpperLimit(10);
+    h->clearRecords(u"n");
+    EXPECT_NO_THROW(n.setLowerLimit(11)) << "a message for the designer, not an error";
+    ASSERT_EQ(h->messageBoxes().size(), 1u);
+    EXPECT_EQ(h->messageBoxes()[0].text, u"Enter below UpperLimit value.");
+    EXPECT_EQ(h->messageBoxes()[0].title, u"Warning!!");
+    EXPECT_EQ(h->messageBoxes()[0].style, 16);
+    EXPECT_EQ(n.lowerLimit(), 0);
+    EXPECT_TRUE(h->changes(u"n").empty());
+}
+
+TEST_P(NumInputBoxTest, shouldGiveTheApplicationAsTheSourceOfReaderErrors) {
+    NumericInputBox& n = add();
+    n.setText(u"abc");
+    try {
+        n.valLng();
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), err::ObjectErrorBase + err::TypeMismatch);
+        EXPECT_FALSE(e.source().empty()) << "the application's name";
+        EXPECT_EQ(e.description(), u"Type mismatch");
+    }
+    n.setText(u"1e40");
+    try {
+        n.valSng();
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), err::ObjectErrorBase + 3010);
+        EXPECT_FALSE(e.source().empty());
+    }
+}
+
+TEST_P(NumInputBoxTest, shouldAlwaysValidateInFreeModeThroughValidateValueAndCancel) {
+    NumericInputBox& n = add();
+    n.setMode(InputMode::Free);
+    n.setLimitCheck(true);
+    n.setUpperLimit(1);
+    n.setMaxLength(2);
+    n.setText(u"abc");
+    EXPECT_TRUE(n.validateValue());
+    EXPECT_FALSE(n.cancel());
+    EXPECT_TRUE(invoke(n, u"ValidateValue", CallKind::Method).toBoolean());
+    EXPECT_FALSE(invoke(n, u"Cancel", CallKind::Method).toBoolean());
+    EXPECT_EQ(n.text(), u"abc") << "left alone";
+    EXPECT_TRUE(h->messageBoxes().empty());
+    EXPECT_FALSE(n.errFlag());
+}
+
+TEST_P(NumInputBoxTest, shouldRaiseFiveWhenErrBasePlusTheCodeComesOutZero) {
+    NumericInputBox& n = add();
+    n.setErrBase(-err::TypeMismatch);
+    n.setText(u"abc");
+    try {
+        n.valDbl();
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), err::InvalidProcedureCall) << "never error 0";
+    }
+    n.setErrBase(-3011);
+    n.setText(u"1e999");
+    try {
+        n.valDbl();
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), err::InvalidProcedureCall);
+    }
+    EXPECT_TRUE(n.errFlag());
+}
+
+TEST_P(NumInputBoxTest, shouldRaiseOverflowWhenErrBasePlusTheCodeLeavesThirtyTwoBits) {
+    NumericInputBox& n = add();
+    n.setErrBase(std::numeric_limits<std::int32_t>::max());
+    n.setText(u"abc");
+    try {
+        n.valDbl();
+        FAIL();
+    } catch (const Error& e) {
+        EXPECT_EQ(e.number(), err::Overflow);
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Hosts, NumInputBoxTest, ::testing::ValuesIn(cases()), caseName);

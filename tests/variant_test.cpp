@@ -328,6 +328,14 @@ TEST(Error, shouldAddCodesToTheErrorBase) {
               std::numeric_limits<std::int32_t>::min());
 }
 
+TEST(Error, shouldRaiseFiveInsteadOfErrorZero) {
+    EXPECT_EQ(raised([] { (void)errBasePlus(-3012, 3012); }), err::InvalidProcedureCall);
+    EXPECT_EQ(raised([] { (void)errBasePlus(0, 0); }), err::InvalidProcedureCall);
+    EXPECT_EQ(toUtf8(Error(err::InvalidProcedureCall).description()),
+              "Invalid procedure call or argument");
+    EXPECT_EQ(errBasePlus(-3012, 3013), 1);
+}
+
 TEST(Error, shouldRaiseOverflowWhenTheErrorNumberLeavesThirtyTwoBits) {
     EXPECT_EQ(raised([] { (void)errBasePlus(std::numeric_limits<std::int32_t>::max(), 1); }),
               err::Overflow);

@@ -1,0 +1,229 @@
+// What the class table says about every member of every public class: numbers, help,
+// enumerations, design-time-only lets and saved properties. Tools read only this.
+#include "corvex/library/class_table.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+#include "corvex/common/boolean_box.h"
+#include "corvex/common/text.h"
+#include "corvex/entry/memo_box.h"
+#include "corvex/entry/num_input_box.h"
+#include "corvex/library/enums.h"
+
+using namespace corvex;
+
+namespace {
+
+std::string nameOf(const ClassInfo& c, const MemberInfo& m) {
+    return toUtf8(c.name()) + "." + toUtf8(m.name);
+}
+
+TEST(ClassTable, shouldNumberEveryMemberFromOneInInterfaceOrder) {
+    for (const ClassInfo* c : publicClasses()) {
+        for (std::size_t i = 0; i < c->members().size(); ++i) {
+            const MemberInfo& m = c->members()[i];
+            EXPECT_EQ(m.dispId, static_cast<int>(i) + 1) << nameOf(*c, m);
+            EXPECT_EQ(c->memberById(m.dispId), &m) << nameOf(*c, m);
+        }
+        EXPECT_EQ(c->memberById(0), nullptr);
+        EXPECT_EQ(c->memberById(static_cast<int>(c->members().size()) + 1), nullptr);
+    }
+    EXPECT_EQ(NumInputBox::staticClassInfo().member(u"ErrBase")->dispId, 34);
+    EXPECT_EQ(MemoBox::staticClassInfo().member(u"Value")->dispId, 20);
+}
+
+TEST(ClassTable, shouldGiveEveryMemberAHelpString) {
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) EXPECT_FALSE(m.help.empty()) << nameOf(*c, m);
+    }
+}
+
+TEST(ClassTable, shouldGiveACommonMemberTheSameHelpInEveryClass) {
+    std::map<std::u16string, std::set<std::u16string>> helps;
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) helps[m.name].insert(m.help);
+    }
+    for (const MemberDoc& doc :
+         {common::BackColor, common::DefaultValue, common::Enabled, common::Font, common::ForeColor,
+          common::KeyName, common::SectionName, common::Refresh}) {
+        EXPECT_EQ(helps[doc.name], std::set<std::u16string>{doc.help}) << toUtf8(doc.name);
+    }
+}
+
+// The published enumerations, name for name and value for value.
+TEST(ClassTable, shouldDescribeEveryPublicEnumerationWithItsPublishedNamesAndValues) {
+    std::vector<std::u16string> names;
+    for (const EnumInfo* e : publicEnumerations()) names.push_back(e->name);
+    EXPECT_EQ(names,
+              (std::vector<std::u16string>{u"CorvexIMEMode", u"InputMode", u"ScrollBarsMode"}));
+    const EnumInfo& ime = enumInfo<CorvexIMEMode>();
+    ASSERT_EQ(ime.members.size(), 9u);
+    EXPECT_EQ(ime.members[3],
+              (std::pair<std::u16string, std::int32_t>{
+                  u"IMEDisable", static_cast<std::int32_t>(CorvexIMEMode::IMEDisable)}));
+    EXPECT_EQ(ime.nameOf(8), u"IMEAlpha");
+    const EnumInfo& mode = enumInfo<InputMode>();
+    EXPECT_EQ(mode.nameOf(static_cast<std::int32_t>(InputMode::PM_decimal)), u"PM_decimal");
+    EXPECT_EQ(mode.nameOf(static_cast<std::int32_t>(InputMode::P_decimal)), u"P_decimal");
+    EXPECT_EQ(mode.nameOf(static_cast<std::int32_t>(InputMode::PM_Integer)), u"PM_Integer");
+    EXPECT_EQ(mode.nameOf(static_cast<std::int32_t>(InputMode::P_Integer)), u"P_Integer");
+    EXPECT_EQ(mode.nameOf(static_cast<std::int32_t>(InputMode::Free)), u"Free");
+    EXPECT_EQ(mode.nameOf(5), u"") << "no member has 5";
+    const EnumInfo& bars = enumInfo<ScrollBarsMode>();
+    EXPECT_EQ(bars.nameOf(static_cast<std::int32_t>(ScrollBarsMode::barNone)), u"barNone");
+    EXPECT_EQ(bars.nameOf(static_cast<std::int32_t>(ScrollBarsMode::barHorizontal)),
+              u"barHorizontal");
+    EXPECT_EQ(bars.nameOf(static_cast<std::int32_t>(ScrollBarsMode::barVertical)), u"barVertical");
+    EXPECT_EQ(bars.nameOf(static_cast<std::int32_t>(ScrollBarsMode::barBoth)), u"barBoth");
+}
+
+TEST(ClassTable, shouldNameTheEnumerationOfEveryEnumeratedProperty) {
+    std::map<std::u16string, const EnumInfo*> expected = {
+        {u"IMEMode", &enumInfo<CorvexIMEMode>()},
+        {u"Mode", &enumInfo<InputMode>()},
+        {u"ScrollBars", &enumInfo<ScrollBarsMode>()}};
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) {
+            auto it = expected.find(m.name);
+            EXPECT_EQ(m.enumeration, it == expected.end() ? nullptr : it->second) << nameOf(*c, m);
+            if (m.enumeration) {
+                EXPECT_EQ(m.type, VarType::Long) << nameOf(*c, m);
+            }
+        }
+    }
+}
+
+TEST(ClassTable, shouldMarkOnlyDefaultValueAsDesignTimeOnly) {
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) {
+            EXPECT_EQ(m.designTimeOnly, m.name == u"DefaultValue") << nameOf(*c, m);
+        }
+    }
+}
+
+TEST(ClassTable, shouldPlaceEverySavedPropertyOnceInTheWriteAndTheReadOrder) {
+    for (const ClassInfo* c : publicClasses()) {
+        const auto written = c->savedInWriteOrder();
+        const auto read = c->savedInReadOrder();
+        ASSERT_FALSE(written.empty()) << toUtf8(c->name());
+        for (std::size_t i = 0; i < written.size(); ++i) {
+            EXPECT_EQ(written[i]->saved->writeOrder, static_cast<int>(i) + 1)
+                << nameOf(*c, *written[i]);
+            EXPECT_EQ(read[i]->saved->readOrder, static_cast<int>(i) + 1) << nameOf(*c, *read[i]);
+            EXPECT_TRUE(written[i]->writable()) << nameOf(*c, *written[i]);
+            EXPECT_TRUE(written[i]->readable()) << nameOf(*c, *written[i]);
+        }
+    }
+}
+
+std::vector<std::u16string> writeNames(const ClassInfo& c) {
+    std::vector<std::u16string> out;
+    for (const MemberInfo* m : c.savedInWriteOrder()) out.push_back(m->saved->writeName);
+    return out;
+}
+
+std::vector<std::u16string> readNames(const ClassInfo& c) {
+    std::vector<std::u16string> out;
+    for (const MemberInfo* m : c.savedInReadOrder()) out.push_back(m->saved->readName);
+    return out;
+}
+
+TEST(ClassTable, shouldListTheSavedPropertiesOfEachClassInTheirDocumentedOrder) {
+    EXPECT_EQ(writeNames(BooleanBox::staticClassInfo()),
+              (std::vector<std::u16string>{u"BackColor", u"Caption", u"Enabled", u"ForeColor",
+                                           u"Font", u"AlwaysFalseWhenNotEnabled", u"DefaultValue",
+                                           u"KeyName", u"SectionName"}));
+    const std::vector<std::u16string> numeric = {
+        u"BackColor",      u"Enabled",     u"ForeColor",    u"IMEMode",
+        u"Font",           u"MaxLength",   u"DefaultValue", u"KeyName",
+        u"LimitCheck",     u"LowerLimit",  u"Mode",         u"MustEnter",
+        u"MustEnterColor", u"SectionName", u"UpperLimit",   u"ValidateAtLostFocus",
+        u"ErrBase"};
+    EXPECT_EQ(writeNames(NumInputBox::staticClassInfo()), numeric);
+    EXPECT_EQ(readNames(NumInputBox::staticClassInfo()), numeric);
+    EXPECT_EQ(writeNames(NumInputBoxR::staticClassInfo()), numeric);
+    EXPECT_EQ(
+        writeNames(MemoBox::staticClassInfo()),
+        (std::vector<std::u16string>{u"BackColor", u"Enabled", u"Font", u"ForeColor", u"IMEMode",
+                                     u"ScrollBars", u"DefaultValue", u"KeyName", u"SectionName"}));
+    EXPECT_EQ(
+        readNames(MemoBox::staticClassInfo()),
+        (std::vector<std::u16string>{u"BackColor", u"Enabled", u"ForeColor", u"IMEMode", u"Font",
+                                     u"Scrollbars", u"DefaultValue", u"KeyName", u"SectionName"}));
+}
+
+TEST(ClassTable, shouldSayWhereTheReadNameDiffersFromTheWrittenOne) {
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) {
+            if (!m.saved) continue;
+            const bool odd = c->name() == u"MemoBox" && m.name == u"ScrollBars";
+            EXPECT_EQ(m.saved->readName == m.saved->writeName, !odd) << nameOf(*c, m);
+            EXPECT_EQ(m.saved->writeName, m.name) << "saved names equal member names";
+        }
+    }
+}
+
+TEST(ClassTable, shouldDeclareTheFontDefaultAsTheAmbientFontAndNoOtherDefault) {
+    FontDesc ambient;
+    ambient.name = u"Ambient";
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) {
+            if (!m.saved) continue;
+            EXPECT_EQ(m.saved->ambientFont, m.name == u"Font") << nameOf(*c, m);
+            const Variant def = m.saved->defaultFor(ambient);
+            if (m.saved->ambientFont) {
+                EXPECT_EQ(fontFromVariant(def).name, u"Ambient");
+            } else {
+                EXPECT_FALSE(def.isEmpty()) << nameOf(*c, m);
+            }
+        }
+    }
+}
+
+TEST(ClassTable, shouldSaveTheDefaultsThatEachClassDocuments) {
+    const auto def = [](const ClassInfo& c, const char16_t* name) {
+        return c.member(name)->saved->defaultValue;
+    };
+    const ClassInfo& b = BooleanBox::staticClassInfo();
+    EXPECT_EQ(def(b, u"BackColor"), Variant(color::ButtonFace));
+    EXPECT_EQ(def(b, u"Caption"), Variant(u"chkBooleanBox"));
+    EXPECT_EQ(def(b, u"DefaultValue"), Variant(false));
+    const ClassInfo& n = NumInputBox::staticClassInfo();
+    EXPECT_EQ(def(n, u"IMEMode"), Variant(std::int32_t{3}));
+    EXPECT_EQ(def(n, u"Mode"), Variant(std::int16_t{0}));
+    EXPECT_EQ(def(n, u"MustEnterColor"), Variant(std::int32_t{255}));
+    EXPECT_EQ(def(n, u"ErrBase"), Variant(std::int32_t{-2147221504}));
+    EXPECT_EQ(def(n, u"ValidateAtLostFocus"), Variant(true));
+    const ClassInfo& m = MemoBox::staticClassInfo();
+    EXPECT_EQ(def(m, u"IMEMode"), Variant(std::int16_t{0}));
+    EXPECT_EQ(def(m, u"ScrollBars"), Variant(std::int32_t{0}));
+}
+
+TEST(ClassTable, shouldEndEveryEventInterfaceWithTheThreeNeverRaisedLifecycleEvents) {
+    for (const ClassInfo* c : publicClasses()) {
+        const auto& ev = c->events();
+        ASSERT_GE(ev.size(), 3u);
+        const std::size_t n = ev.size();
+        EXPECT_EQ(ev[n - 3].name, u"InitProperties");
+        EXPECT_EQ(ev[n - 2].name, u"ReadProperties");
+        EXPECT_EQ(ev[n - 1].name, u"WriteProperties");
+        for (std::size_t i = 0; i < n; ++i) {
+            EXPECT_EQ(ev[i].raised, i + 3 < n) << toUtf8(c->name()) << "." << toUtf8(ev[i].name);
+        }
+    }
+}
+
+TEST(ClassTable, shouldPublishCanPropertyChangeArgumentAsAStringByReference) {
+    const MemberInfo* m = MemoBox::staticClassInfo().member(u"CanPropertyChange");
+    ASSERT_NE(m, nullptr);
+    ASSERT_EQ(m->params.size(), 1u);
+    EXPECT_EQ(m->params[0].type, VarType::String);
+    EXPECT_TRUE(m->params[0].byRef);
+    EXPECT_EQ(m->type, VarType::Boolean);
+}
+
+}  // namespace
