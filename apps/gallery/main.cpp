@@ -15,6 +15,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
@@ -74,16 +75,17 @@ int main(int argc, char** argv) {
 
     corvex::qt::QtHost host;
     corvex::gallery::GalleryWindow window(host);
-    QTemporaryDir demoFolder;
+    std::unique_ptr<QTemporaryDir> demoFolder;
     if (!values.isEmpty()) {
         window.setValuesFile(values);
     } else if (demo) {
-        if (!demoFolder.isValid()) {
+        demoFolder = std::make_unique<QTemporaryDir>();
+        if (!demoFolder->isValid()) {
             std::fputs("corvex-gallery: cannot make a temporary folder for the demonstration\n",
                        stderr);
             return 1;
         }
-        window.setValuesFile(demoFolder.filePath(QStringLiteral("gallery-values.frm")));
+        window.setValuesFile(demoFolder->filePath(QStringLiteral("gallery-values.frm")));
     }
     if (demo) {
         // Nobody is there to answer a box: it is logged and answered with its default.
