@@ -34,6 +34,11 @@ std::string caseName(const ::testing::TestParamInfo<Case>& info) {
     return info.param.host.name + "_" + corvex::toUtf8(info.param.cls->name());
 }
 
+// Prints a case by its name in test output (not as a dump of its bytes).
+void PrintTo(const Case& c, std::ostream* os) {
+    *os << c.host.name << ' ' << corvex::toUtf8(c.cls->name());
+}
+
 class NumInputBoxTest : public ::testing::TestWithParam<Case> {
 protected:
     void SetUp() override { h = GetParam().host.make(); }

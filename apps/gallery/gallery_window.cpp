@@ -10,18 +10,19 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QListWidget>
+#include <QPlainTextEdit>
 #include <QPushButton>
-#include <QSaveFile>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QVBoxLayout>
+#include <deque>
 #include <map>
 
 #include "corvex/common/boolean_box.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
 #include "corvex/library/form_file.h"
+#include "corvex/posix/atomic_file.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
@@ -73,12 +74,30 @@ const std::vector<GalleryEntry>& galleryEntries() {
 namespace {
 
 constexpr int kLogLimit = 500;
+constexpr int kShownValueLength = 200;
 
 QString whatOf(const std::exception& e) {
     if (const auto* err = dynamic_cast<const Error*>(&e)) {
         return QStringLiteral("error %1: %2").arg(err->number()).arg(toQString(err->description()));
     }
     return QStringLiteral("error: %1").arg(QString::fromUtf8(e.what()));
+}
+
+// The control whose Value the form file cannot hold (a line too long, a value of a type it
+// has no form for), found by writing each control alone: the writer's own error need not
+// name it.
+QString unwritableValue(const FormDocument& doc) {
+    for (const SavedControl& control : doc.controls) {
+        FormDocument alone;
+        alone.name = doc.name;
+        alone.controls.push_back(control);
+        try {
+            writeFormFile(alone);
+        } catch (const std::exception&) {
+            return toQString(control.name) + QStringLiteral(".Value");
+        }
+    }
+    return {};
 }
 
 }  // namespace
@@ -91,8 +110,11 @@ struct GalleryWindow::Private {
     QComboBox* locale = nullptr;
     QLabel* localeId = nullptr;
     QLabel* values = nullptr;
-    QListWidget* events = nullptr;
-    QStringList logLines;
+    QLabel* status = nullptr;
+    // The log shown: a plain text view appends a line without laying out the others again,
+    // and drops the oldest block itself once it holds kLogLimit.
+    QPlainTextEdit* events = nullptr;
+    std::deque<QString> logLines;
 
     explicit Private(qt::QtHost& h) : host(h) {}
 };
@@ -215,12 +237,18 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
     addButton(QStringLiteral("Load values"), [this] { loadValues(); });
     addButton(QStringLiteral("Store"), [this] { storeAll(); });
     addButton(QStringLiteral("Restore"), [this] { restoreAll(); });
-    buttons->addStretch(1);
+    d->status = new QLabel(this);
+    d->status->setObjectName(QStringLiteral("status"));
+    d->status->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    buttons->addWidget(d->status, 1);
     layout->addLayout(buttons);
 
     layout->addWidget(new QLabel(QStringLiteral("Events:"), this));
-    d->events = new QListWidget(this);
+    d->events = new QPlainTextEdit(this);
     d->events->setObjectName(QStringLiteral("events"));
+    d->events->setReadOnly(true);
+    d->events->setMaximumBlockCount(kLogLimit);
+    d->events->setLineWrapMode(QPlainTextEdit::NoWrap);
     d->events->setMinimumHeight(120);
     layout->addWidget(d->events, 1);
 
@@ -350,6 +378,7 @@ void GalleryWindow::setValuesFile(const QString& path) {
 }
 
 bool GalleryWindow::saveValues() {
+    const QString path = valuesFile();
     FormDocument doc;
     doc.name = u"gallery";
     doc.caption = fromQString(windowTitle());
@@ -360,66 +389,93 @@ bool GalleryWindow::saveValues() {
                                     fromQString(h->objectName()),
                                     {{u"Value", getProperty(*h->object(), u"Value")}}});
         }
-    } catch (const Error& e) {
-        log(QStringLiteral("Save values failed: ") + whatOf(e));
-        return false;
+    } catch (const std::exception& e) {
+        return reportFailure(QStringLiteral("Save values failed: ") + whatOf(e));
     }
-    const QString path = valuesFile();
-    QDir().mkpath(QFileInfo(path).absolutePath());
-    QSaveFile file(path);
-    const std::string text = writeFormFile(doc);
-    if (!file.open(QIODevice::WriteOnly) ||
-        file.write(text.data(), static_cast<qint64>(text.size())) !=
-            static_cast<qint64>(text.size()) ||
-        !file.commit()) {
-        log(QStringLiteral("Save values failed: %1: %2").arg(path, file.errorString()));
-        return false;
+    std::string text;
+    try {
+        text = writeFormFile(doc);
+    } catch (const std::exception& e) {
+        const QString culprit = unwritableValue(doc);
+        return reportFailure(QStringLiteral("Save values failed: %1 cannot be saved (%2); %3 "
+                                            "is unchanged")
+                                 .arg(culprit.isEmpty() ? QStringLiteral("a value") : culprit,
+                                      QString::fromUtf8(e.what()), path));
     }
-    log(QStringLiteral("Saved values to %1").arg(path));
+    try {
+        QDir().mkpath(QFileInfo(path).absolutePath());
+        posix::writeFileAtomically(QFile::encodeName(path).toStdString(), text);
+    } catch (const std::exception& e) {
+        return reportFailure(QStringLiteral("Save values failed: %1; the old file is unchanged")
+                                 .arg(QString::fromLocal8Bit(e.what())));
+    }
+    report(QStringLiteral("Saved values to %1").arg(path));
     return true;
+}
+
+bool GalleryWindow::reportFailure(const QString& message) {
+    report(message);
+    return false;
+}
+
+void GalleryWindow::report(const QString& message) {
+    d->status->setText(message);
+    log(message);
 }
 
 bool GalleryWindow::loadValues() {
     const QString path = valuesFile();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        log(QStringLiteral("Load values failed: %1: %2").arg(path, file.errorString()));
-        return false;
-    }
-    const QByteArray bytes = file.readAll();
+    if (!file.open(QIODevice::ReadOnly))
+        return reportFailure(
+            QStringLiteral("Load values failed: %1: %2").arg(path, file.errorString()));
     FormDocument doc;
     try {
+        const QByteArray bytes = file.readAll();
         doc = parseFormFile(
             std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
     } catch (const FormFileError& e) {
-        log(QStringLiteral("Load values failed: %1 line %2: %3")
-                .arg(path)
-                .arg(e.line())
-                .arg(QString::fromUtf8(e.what())));
-        return false;
+        return reportFailure(QStringLiteral("Load values failed: %1 line %2: %3")
+                                 .arg(path)
+                                 .arg(e.line())
+                                 .arg(QString::fromUtf8(e.what())));
+    } catch (const std::exception& e) {
+        return reportFailure(QStringLiteral("Load values failed: %1: %2").arg(path, whatOf(e)));
     }
-    bool ok = true;
+    int failures = 0;
+    int ignored = 0;
     for (const SavedControl& saved : doc.controls) {
         QtControlHost* h = d->form->find(toQString(saved.name));
         if (!h || h->classInfo().name() != saved.className) {
             log(QStringLiteral("Load values: no %1 named %2 on the form")
                     .arg(toQString(saved.className), toQString(saved.name)));
-            ok = false;
+            ++failures;
             continue;
         }
+        // Values only, as the settings control restores them: a file is data, and must not
+        // reach the design-time properties (a bad ScrollBars would break every later save).
         for (const auto& [property, value] : saved.properties) {
+            if (property != u"Value") {
+                log(QStringLiteral("Load values: ignored %1.%2 (only values are loaded)")
+                        .arg(toQString(saved.name), toQString(property)));
+                ++ignored;
+                continue;
+            }
             try {
                 letProperty(*h->object(), property, value);
-            } catch (const Error& e) {
+            } catch (const std::exception& e) {
                 log(QStringLiteral("Load values: %1.%2: %3")
                         .arg(toQString(saved.name), toQString(property), whatOf(e)));
-                ok = false;
+                ++failures;
             }
         }
     }
-    log(QStringLiteral("Loaded values from %1").arg(path));
     d->values->setText(valuesText());
-    return ok;
+    QString summary = QStringLiteral("Loaded values from %1").arg(path);
+    if (failures) summary += QStringLiteral(", %1 could not be loaded").arg(failures);
+    if (ignored) summary += QStringLiteral(", %1 other properties ignored").arg(ignored);
+    report(summary);
+    return failures == 0;
 }
 
 void GalleryWindow::storeAll() {
@@ -463,6 +519,10 @@ QString GalleryWindow::valuesText() const {
             text = toQString(getProperty(*h->object(), u"Value").toString());
             // One line for all: a line break shows as a symbol.
             text.replace(QStringLiteral("\r\n"), QStringLiteral(" \u21B5 "));
+            // A huge value would take the label minutes to lay out: its start is enough.
+            if (text.size() > kShownValueLength)
+                text = text.left(kShownValueLength) +
+                       QStringLiteral("\u2026 (%1 characters)").arg(text.size());
         } catch (const Error& e) {
             text = whatOf(e);
         }
@@ -472,17 +532,19 @@ QString GalleryWindow::valuesText() const {
 }
 
 QStringList GalleryWindow::eventLog() const {
-    return d->logLines;
+    return QStringList(d->logLines.begin(), d->logLines.end());
+}
+
+QString GalleryWindow::statusText() const {
+    return d->status ? d->status->text() : QString();
 }
 
 void GalleryWindow::log(const QString& line) {
-    d->logLines << line;
-    while (d->logLines.size() > kLogLimit) d->logLines.removeFirst();
-    if (d->events) {
-        d->events->addItem(line);
-        while (d->events->count() > kLogLimit) delete d->events->takeItem(0);
-        d->events->scrollToBottom();
-    }
+    d->logLines.push_back(line);
+    if (d->logLines.size() > static_cast<std::size_t>(kLogLimit)) d->logLines.pop_front();
+    // One block per entry, whatever line breaks it holds.
+    if (d->events)
+        d->events->appendPlainText(QString(line).replace(QLatin1Char('\n'), QLatin1Char(' ')));
     emit logged(line);
 }
 

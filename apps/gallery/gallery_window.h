@@ -79,10 +79,11 @@ public:
     QString valuesFile() const;
     /// Makes Save values and Load values use another file.
     void setValuesFile(const QString& path);
-    /// Writes every control's Value to valuesFile() as a form file; false (and a log line) on
-    /// failure.
+    /// Writes every control's Value to valuesFile() as a form file, all or nothing; false on
+    /// failure, with the reason (and the control whose value could not be written) shown.
     bool saveValues();
-    /// Reads the values back from valuesFile() into the controls; false on failure.
+    /// Reads the values back from valuesFile() into the controls' Value, ignoring (and
+    /// reporting) any other property the file holds; false when something could not be loaded.
     bool loadValues();
     /// Calls Store on every control that has it.
     void storeAll();
@@ -95,8 +96,10 @@ public:
     QString valuesText() const;
     /// The event log, oldest first.
     QStringList eventLog() const;
-    /// Adds a line to the event log.
+    /// Adds a line to the event log; costs the same however long the log is.
     void log(const QString& line);
+    /// The outcome of the last save or load, as shown beside the buttons.
+    QString statusText() const;
 
 signals:
     /// A line was added to the log.
@@ -106,6 +109,8 @@ private:
     QWidget* numberSettings(QWidget* parent);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);
+    void report(const QString& message);
+    bool reportFailure(const QString& message);
     QString valuesFile_;
     struct Private;
     std::unique_ptr<Private> d;

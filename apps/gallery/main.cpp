@@ -3,13 +3,19 @@
 //   corvex-gallery                   the window, to try the controls by hand
 //   corvex-gallery --demo            a short unattended demonstration, then a screenshot
 //   corvex-gallery --screenshot PATH where the screenshot goes (./corvex-gallery.png)
+//   corvex-gallery --values FILE     the file Save values and Load values use
 //
-// Without a display it runs the demonstration on Qt's offscreen platform.
+// Without a display it runs the demonstration on Qt's offscreen platform. The demonstration
+// saves and loads a temporary file of its own unless --values names one: it never writes
+// over the user's values.
 
 #include <QApplication>
+#include <QTemporaryDir>
 #include <QTextStream>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
@@ -20,9 +26,12 @@ namespace {
 
 void usage() {
     std::fputs(
-        "usage: corvex-gallery [--demo] [--screenshot PATH]\n"
+        "usage: corvex-gallery [--demo] [--screenshot PATH] [--values FILE]\n"
         "  --demo             run the demonstration and write a screenshot, then exit\n"
         "  --screenshot PATH  where the screenshot goes (default ./corvex-gallery.png)\n"
+        "  --values FILE      the file Save values and Load values use (default\n"
+        "                     gallery-values.frm in the user's config folder; the\n"
+        "                     demonstration uses a temporary file unless this is given)\n"
         "Without a display the demonstration runs offscreen.\n",
         stdout);
 }
@@ -32,11 +41,14 @@ void usage() {
 int main(int argc, char** argv) {
     bool demo = false;
     QString screenshot = QStringLiteral("corvex-gallery.png");
+    QString values;
     for (int i = 1; i < argc; ++i) {
         if (std::strcmp(argv[i], "--demo") == 0) {
             demo = true;
         } else if (std::strcmp(argv[i], "--screenshot") == 0 && i + 1 < argc) {
             screenshot = QString::fromLocal8Bit(argv[++i]);
+        } else if (std::strcmp(argv[i], "--values") == 0 && i + 1 < argc) {
+            values = QString::fromLocal8Bit(argv[++i]);
         } else if (std::strcmp(argv[i], "--help") == 0 || std::strcmp(argv[i], "-h") == 0) {
             usage();
             return 0;
@@ -53,6 +65,9 @@ int main(int argc, char** argv) {
         demo = true;
     }
 
+    // A file-size limit makes a write fail (and the gallery say so) instead of killing it.
+    std::signal(SIGXFSZ, SIG_IGN);
+
     QApplication app(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("Corvex"));
     QApplication::setApplicationName(QStringLiteral("corvex-gallery"));
@@ -60,6 +75,18 @@ int main(int argc, char** argv) {
 
     corvex::qt::QtHost host;
     corvex::gallery::GalleryWindow window(host);
+    std::unique_ptr<QTemporaryDir> demoFolder;
+    if (!values.isEmpty()) {
+        window.setValuesFile(values);
+    } else if (demo) {
+        demoFolder = std::make_unique<QTemporaryDir>();
+        if (!demoFolder->isValid()) {
+            std::fputs("corvex-gallery: cannot make a temporary folder for the demonstration\n",
+                       stderr);
+            return 1;
+        }
+        window.setValuesFile(demoFolder->filePath(QStringLiteral("gallery-values.frm")));
+    }
     if (demo) {
         // Nobody is there to answer a box: it is logged and answered with its default.
         host.setMessageBoxHandler([&window](const corvex::MessageBoxRequest& request) {

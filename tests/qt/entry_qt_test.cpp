@@ -26,6 +26,13 @@
 #include "qt_harness.h"
 #include "qt_test_support.h"
 
+namespace corvex {
+// Prints an input mode by its number in test output (not as a dump of its bytes).
+static void PrintTo(InputMode mode, std::ostream* os) {
+    *os << "Mode " << static_cast<int>(mode);
+}
+}  // namespace corvex
+
 namespace corvex::qt::testing {
 namespace {
 

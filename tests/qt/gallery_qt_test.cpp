@@ -5,7 +5,9 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QDoubleSpinBox>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
@@ -14,6 +16,7 @@
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextDocument>
 
 #include "corvex/entry/memo_box.h"
@@ -25,6 +28,7 @@
 #include "corvex/qt/host.h"
 #include "gallery_window.h"
 #include "qt_test_support.h"
+#include "support/file_limits.h"
 
 namespace corvex::qt::testing {
 namespace {
@@ -263,6 +267,93 @@ TEST_F(GalleryQt, shouldSwitchTheMemoBoxScrollBars) {
     EXPECT_EQ(getProperty(*control("notes")->object(), u"ScrollBars").toInteger(), 3);
     EXPECT_TRUE(editOf("notes", "txtMemo(3)")->isVisible());
     EXPECT_FALSE(editOf("notes", "txtMemo(0)")->isVisible());
+}
+
+std::string bytesOf(const QString& path) {
+    return corvex::testing::readFile(QFile::encodeName(path).toStdString());
+}
+
+TEST_F(GalleryQt, shouldKeepTheOldValuesFileAndSayWhyWhenTheDiskIsFull) {
+    ASSERT_TRUE(window.saveValues());
+    const std::string old = bytesOf(window.valuesFile());
+    ASSERT_FALSE(old.empty());
+    letProperty(*control("newsletter")->object(), u"Value", Variant(true));
+    bool saved = true;
+    {
+        corvex::testing::FileSizeLimit full(16);
+        saved = window.saveValues();
+    }
+    EXPECT_FALSE(saved);
+    EXPECT_EQ(bytesOf(window.valuesFile()), old);
+    EXPECT_TRUE(window.statusText().startsWith(QStringLiteral("Save values failed")))
+        << window.statusText().toStdString();
+    EXPECT_TRUE(window.statusText().contains(QStringLiteral("File too large")));
+    EXPECT_EQ(window.eventLog().last(), window.statusText());
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
+              QStringList{QStringLiteral("gallery-values.frm")});
+}
+
+TEST_F(GalleryQt, shouldReportAFolderItCannotSaveInto) {
+    QFile plain(folder.filePath(QStringLiteral("plain")));
+    ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
+    plain.close();
+    window.setValuesFile(folder.filePath(QStringLiteral("plain/gallery-values.frm")));
+    EXPECT_FALSE(window.saveValues());
+    EXPECT_TRUE(window.statusText().contains(QStringLiteral("Not a directory")))
+        << window.statusText().toStdString();
+}
+
+TEST_F(GalleryQt, shouldNameAValueTooLongForTheFileAndKeepTheOldOne) {
+    ASSERT_TRUE(window.saveValues());
+    const std::string old = bytesOf(window.valuesFile());
+    // One line of the form file holds at most 1 MiB, and a value is one line there: 20,000
+    // short lines of notes (short, so that the boxes lay them out quickly) overflow it.
+    std::u16string notes;
+    for (int i = 0; i < 20000; ++i) notes += std::u16string(60, u'x') + u"\r\n";
+    letProperty(*control("notes")->object(), u"Value", Variant(notes));
+    EXPECT_FALSE(window.saveValues());
+    EXPECT_TRUE(window.statusText().contains(QStringLiteral("notes.Value")))
+        << window.statusText().left(300).toStdString();
+    EXPECT_EQ(bytesOf(window.valuesFile()), old);
+}
+
+TEST_F(GalleryQt, shouldLoadOnlyValuesAndReportTheOtherProperties) {
+    FormDocument doc;
+    doc.name = u"gallery";
+    doc.controls.push_back(
+        {u"MemoBox",
+         u"notes",
+         {{u"ScrollBars", Variant(std::int32_t{9})}, {u"Value", Variant(u"x")}}});
+    const std::string text = writeFormFile(doc);
+    QFile file(window.valuesFile());
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text.data(), static_cast<qint64>(text.size()));
+    file.close();
+
+    EXPECT_TRUE(window.loadValues());
+    EXPECT_EQ(value("notes"), u"x");
+    EXPECT_EQ(getProperty(*control("notes")->object(), u"ScrollBars").toInteger(), 0);
+    EXPECT_TRUE(window.eventLog().contains(
+        QStringLiteral("Load values: ignored notes.ScrollBars (only values are loaded)")));
+    EXPECT_TRUE(window.statusText().contains(QStringLiteral("1 other properties ignored")));
+    EXPECT_TRUE(window.saveValues()) << window.statusText().toStdString();
+}
+
+TEST_F(GalleryQt, shouldAppendToALongLogAtAConstantCost) {
+    auto* view = window.findChild<QPlainTextEdit*>(QStringLiteral("events"));
+    ASSERT_NE(view, nullptr);
+    QElapsedTimer timer;
+    timer.start();
+    for (int i = 0; i < 20000; ++i) window.log(QStringLiteral("line %1").arg(i));
+    QApplication::processEvents();
+    // Generous: the view that laid out its whole list per line took minutes here.
+    EXPECT_LT(timer.elapsed(), 30000);
+    const QStringList lines = window.eventLog();
+    ASSERT_EQ(lines.size(), 500);
+    EXPECT_EQ(lines.first(), QStringLiteral("line 19500"));
+    EXPECT_EQ(lines.last(), QStringLiteral("line 19999"));
+    EXPECT_EQ(view->document()->blockCount(), 500);
+    EXPECT_EQ(view->document()->lastBlock().text(), QStringLiteral("line 19999"));
 }
 
 }  // namespace
