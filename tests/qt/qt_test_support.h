@@ -4,7 +4,6 @@
 
 #include <QCheckBox>
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTest>
@@ -83,7 +82,7 @@ inline constexpr int waitDeadlineMs = 10000;
 /// holds. Tests wait for what they expect this way, never for a fixed time.
 template <class Condition>
 bool waitUntil(Condition condition, int deadlineMs = waitDeadlineMs) {
-    return QTest::qWaitFor(condition, QDeadlineTimer(deadlineMs));
+    return QTest::qWaitFor(condition, deadlineMs);
 }
 
 /// Runs the event loop until everything already posted (and the zero timers already
