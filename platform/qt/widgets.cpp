@@ -28,7 +28,9 @@
 #include <exception>
 #include <limits>
 #include <optional>
+#include <utility>
 
+#include "corvex/common/text_editing.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
@@ -170,10 +172,6 @@ ClipboardKey clipboardKeyOf(const QKeyEvent* event) {
         return ClipboardKey::Copy;
     }
     return ClipboardKey::None;
-}
-
-bool isHighSurrogate(char16_t c) {
-    return c >= 0xD800 && c <= 0xDBFF;
 }
 
 }  // namespace
@@ -643,7 +641,18 @@ void QtCheckBox::stateChangedByQt(int state) {
 struct QtTextBox::Editor {
     virtual ~Editor() = default;
     virtual QString text() const = 0;
-    virtual void setText(const QString& text) = 0;
+    // Replaces the whole text; returns whether it changed.
+    virtual bool setText(const QString& text) = 0;
+    // The text's length, and a position in the box's units (a line break counts twice).
+    virtual int length() const = 0;
+    virtual std::int32_t boxPosition(int position) const = 0;
+    // The editor position of a box position; one inside a line break goes before it, or
+    // after it when forward.
+    virtual int editorPosition(std::int32_t position, bool forward) const = 0;
+    // The text from start to end, without copying the rest.
+    virtual QString textRange(int start, int end) const = 0;
+    // Whether the text (not only its formats) changed since the last call.
+    virtual bool takeTextChanged() = 0;
     virtual int selectionStart() const = 0;
     virtual int selectionEnd() const = 0;
     // Selects from start to end, the caret at end.
@@ -695,8 +704,30 @@ class QtTextBox::LineEditor : public ForwardingEditor<QLineEdit> {
 public:
     explicit LineEditor(QLineEdit* edit) : ForwardingEditor(edit) {}
     QString text() const override { return e_ ? e_->text() : QString(); }
-    void setText(const QString& text) override {
-        if (e_) e_->setText(text);
+    int length() const override { return e_ ? static_cast<int>(e_->text().size()) : 0; }
+    std::int32_t boxPosition(int position) const override {
+        return std::clamp(position, 0, length());
+    }
+    int editorPosition(std::int32_t position, bool) const override {
+        return std::clamp(position, 0, length());
+    }
+    QString textRange(int start, int end) const override {
+        return e_ ? e_->text().mid(start, end - start) : QString();
+    }
+    bool takeTextChanged() override {
+        // QLineEdit shares its text: the copy is free, and texts of different lengths
+        // differ at once.
+        const QString now = text();
+        const bool changed = now != last_;
+        last_ = now;
+        return changed;
+    }
+    bool setText(const QString& text) override {
+        if (!e_) return false;
+        const QString before = e_->text();
+        e_->setText(text);
+        last_ = e_->text();
+        return last_ != before;
     }
     int selectionStart() const override {
         if (!e_) return 0;
@@ -716,11 +747,21 @@ public:
     }
     void replaceSelection(const QString& text, bool asEdit) override {
         if (!e_) return;
-        QString after = e_->text();
+        const QString before = e_->text();
         const int start = selectionStart();
-        after.replace(start, selectionEnd() - start, text);
-        // The user's edit keeps Qt's undo history; code's replaces the text whole.
-        if (asEdit) e_->insert(text);
+        const int end = selectionEnd();
+        // The user's edit keeps Qt's undo history; code's replaces the text whole. Whether
+        // Qt took the edit as it is shows in the length and the inserted range alone.
+        if (asEdit) {
+            e_->insert(text);
+            const QString now = e_->text();
+            if (now.size() == before.size() - (end - start) + text.size() &&
+                QStringView(now).mid(start, text.size()) == text) {
+                return;
+            }
+        }
+        QString after = before;
+        after.replace(start, end - start, text);
         if (e_->text() != after) e_->setText(after);
     }
     void backspace() override {
@@ -728,11 +769,58 @@ public:
     }
     bool undoAvailable() const override { return e_ && e_->isUndoAvailable(); }
     bool redoAvailable() const override { return e_ && e_->isRedoAvailable(); }
+
+private:
+    QString last_;
 };
 
 class QtTextBox::PlainEditor : public ForwardingEditor<QPlainTextEdit> {
 public:
-    explicit PlainEditor(QPlainTextEdit* edit) : ForwardingEditor(edit) {}
+    explicit PlainEditor(QPlainTextEdit* edit) : ForwardingEditor(edit) {
+        // Each edit names the range it replaced: the text is followed piece by piece, so
+        // that a keystroke costs the same in a long text as in a short one.
+        QObject::connect(edit->document(), &QTextDocument::contentsChange, &guard_,
+                         [this](int at, int removed, int added) { follow(at, removed, added); });
+    }
+    int length() const override { return e_ ? e_->document()->characterCount() - 1 : 0; }
+    std::int32_t boxPosition(int position) const override {
+        if (!e_) return 0;
+        position = std::clamp(position, 0, length());
+        return position + e_->document()->findBlock(position).blockNumber();
+    }
+    int editorPosition(std::int32_t position, bool forward) const override {
+        if (!e_) return 0;
+        const QTextDocument* doc = e_->document();
+        position = std::max(0, position);
+        // The last block starting at or before the position; block n starts n line breaks
+        // (one unit each in the editor, two in the box) after its editor position.
+        int low = 0;
+        int high = doc->blockCount() - 1;
+        while (low < high) {
+            const int mid = (low + high + 1) / 2;
+            if (doc->findBlockByNumber(mid).position() + mid <= position) {
+                low = mid;
+            } else {
+                high = mid - 1;
+            }
+        }
+        const QTextBlock block = doc->findBlockByNumber(low);
+        const int textLength = block.length() - 1;
+        const std::int32_t offset = position - (block.position() + low);
+        if (offset <= textLength) return block.position() + offset;
+        if (!block.next().isValid()) return block.position() + textLength;
+        return forward ? block.position() + textLength + 1 : block.position() + textLength;
+    }
+    QString textRange(int start, int end) const override {
+        if (!e_ || end <= start) return QString();
+        QTextCursor c(e_->document());
+        c.setPosition(start);
+        c.setPosition(end, QTextCursor::KeepAnchor);
+        QString out = c.selectedText();
+        out.replace(QChar(QChar::ParagraphSeparator), QLatin1Char('\n'));
+        return out;
+    }
+    bool takeTextChanged() override { return std::exchange(changed_, false); }
     QString text() const override {
         // Block by block: toPlainText() would turn no-break spaces into spaces.
         QString out;
@@ -743,8 +831,15 @@ public:
         }
         return out;
     }
-    void setText(const QString& text) override {
-        if (e_) e_->setPlainText(text);
+    bool setText(const QString& text) override {
+        if (!e_) return false;
+        // Qt empties the document and then fills it: the text changed only if it differs
+        // once both steps are done.
+        const QString before = last_;
+        e_->setPlainText(text);
+        last_ = this->text();
+        changed_ = false;
+        return last_ != before;
     }
     int selectionStart() const override { return e_ ? e_->textCursor().selectionStart() : 0; }
     int selectionEnd() const override { return e_ ? e_->textCursor().selectionEnd() : 0; }
@@ -776,6 +871,23 @@ public:
     }
     bool undoAvailable() const override { return e_ && e_->document()->isUndoAvailable(); }
     bool redoAvailable() const override { return e_ && e_->document()->isRedoAvailable(); }
+
+private:
+    // Keeps last_ equal to the text and notes whether an edit changed it: a change of
+    // formats alone names a range whose text stays the same.
+    void follow(int at, int removed, int added) {
+        const int now = length();
+        at = std::clamp(at, 0, static_cast<int>(last_.size()));
+        removed = std::clamp(removed, 0, static_cast<int>(last_.size()) - at);
+        added = std::clamp(added, 0, std::max(0, now - at));
+        const QString piece = textRange(at, at + added);
+        if (removed != added || QStringView(last_).mid(at, removed) != piece) changed_ = true;
+        last_.replace(at, removed, piece);
+    }
+
+    QObject guard_;  // ends the connection to the document with this editor
+    QString last_;
+    bool changed_ = false;
 };
 
 namespace {
@@ -791,34 +903,14 @@ std::u16string withCrLf(const QString& editorText) {
     return out;
 }
 
-// Any line break (CR LF, a lone CR or LF, a paragraph separator) as CR LF.
-std::u16string canonicalLineBreaks(std::u16string_view text) {
-    std::u16string out;
-    out.reserve(text.size());
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t c = text[i];
-        if (c == u'\r' || c == u'\n' || c == 0x2029) {
-            if (c == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
-            out += u"\r\n";
-        } else {
-            out += c;
-        }
-    }
-    return out;
-}
-
-// Text for a multi-line editor: one '\n' per line break.
+// Text for a multi-line editor: one '\n' per line break (of any kind).
 QString withLf(std::u16string_view text) {
+    const std::u16string canonical = canonicalLineBreaks(text);
     QString out;
-    out.reserve(static_cast<qsizetype>(text.size()));
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const char16_t c = text[i];
-        if (c == u'\r' || c == u'\n' || c == 0x2029) {
-            if (c == u'\r' && i + 1 < text.size() && text[i + 1] == u'\n') ++i;
-            out += QLatin1Char('\n');
-        } else {
-            out += QChar(c);
-        }
+    out.reserve(static_cast<qsizetype>(canonical.size()));
+    // In the canonical form every CR is the first half of a CR LF.
+    for (const char16_t c : canonical) {
+        if (c != u'\r') out += QChar(c);
     }
     return out;
 }
@@ -897,37 +989,8 @@ QPlainTextEdit* QtTextBox::plainTextEdit() const {
     return multiLine_ ? static_cast<QPlainTextEdit*>(qtWidget()) : nullptr;
 }
 
-namespace {
-
-// Box positions count a line break as two units (CR LF); the editor's count it once.
-std::int32_t boxPosition(const QString& editorText, int position, bool multiLine) {
-    position = std::clamp(position, 0, static_cast<int>(editorText.size()));
-    if (!multiLine) return position;
-    const auto breaks =
-        std::count(editorText.cbegin(), editorText.cbegin() + position, QLatin1Char('\n'));
-    return position + static_cast<std::int32_t>(breaks);
-}
-
-// The editor position of a box position; one inside a line break goes before it, or
-// after it when forward.
-int editorPosition(const QString& editorText, std::int32_t position, bool multiLine, bool forward) {
-    const auto size = static_cast<int>(editorText.size());
-    if (!multiLine) return std::clamp(position, 0, size);
-    std::int32_t at = 0;
-    for (int i = 0; i < size; ++i) {
-        if (at >= position) return i;
-        const int width = editorText[i] == QLatin1Char('\n') ? 2 : 1;
-        if (at + width > position) return forward ? i + 1 : i;
-        at += width;
-    }
-    return size;
-}
-
-}  // namespace
-
 std::int32_t QtTextBox::boxLength() const {
-    const QString t = editor_->text();
-    return boxPosition(t, static_cast<int>(t.size()), multiLine_);
+    return editor_->boxPosition(editor_->length());
 }
 
 std::u16string QtTextBox::text() const {
@@ -935,50 +998,43 @@ std::u16string QtTextBox::text() const {
     return multiLine_ ? withCrLf(t) : fromQString(t);
 }
 
+void QtTextBox::raiseChange() {
+    WidgetEvent e;
+    e.type = WidgetEventType::Change;
+    notify(e);
+}
+
 void QtTextBox::setText(const std::u16string& t) {
-    const QString before = editor_->text();
     updating_ = true;
-    editor_->setText(multiLine_ ? withLf(t) : toQString(t));
+    const bool changed = editor_->setText(multiLine_ ? withLf(t) : toQString(t));
     editor_->select(0, 0);
     updating_ = false;
-    const QString now = editor_->text();
-    lastText_ = now;
-    if (now != before) {
-        WidgetEvent e;
-        e.type = WidgetEventType::Change;
-        notify(e);
-    }
+    if (changed) raiseChange();
 }
 
 std::int32_t QtTextBox::selStart() const {
-    return boxPosition(editor_->text(), editor_->selectionStart(), multiLine_);
+    return editor_->boxPosition(editor_->selectionStart());
 }
 
 void QtTextBox::setSelStart(std::int32_t s) {
-    const QString t = editor_->text();
-    const int at = editorPosition(t, std::max(0, s), multiLine_, false);
+    const int at = editor_->editorPosition(std::max(0, s), false);
     editor_->select(at, at);
 }
 
 std::int32_t QtTextBox::selLength() const {
-    const QString t = editor_->text();
-    return boxPosition(t, editor_->selectionEnd(), multiLine_) -
-           boxPosition(t, editor_->selectionStart(), multiLine_);
+    return editor_->boxPosition(editor_->selectionEnd()) -
+           editor_->boxPosition(editor_->selectionStart());
 }
 
 void QtTextBox::setSelLength(std::int32_t n) {
-    const QString t = editor_->text();
     const int start = editor_->selectionStart();
-    const std::int32_t from = boxPosition(t, start, multiLine_);
-    const std::int32_t length = boxPosition(t, static_cast<int>(t.size()), multiLine_);
-    const std::int32_t count = std::clamp(n, 0, length - from);
-    editor_->select(start, editorPosition(t, from + count, multiLine_, true));
+    const std::int32_t from = editor_->boxPosition(start);
+    const std::int32_t count = std::clamp(n, 0, boxLength() - from);
+    editor_->select(start, editor_->editorPosition(from + count, true));
 }
 
 std::u16string QtTextBox::selText() const {
-    const QString t = editor_->text();
-    const int start = editor_->selectionStart();
-    const QString selected = t.mid(start, editor_->selectionEnd() - start);
+    const QString selected = editor_->textRange(editor_->selectionStart(), editor_->selectionEnd());
     return multiLine_ ? withCrLf(selected) : fromQString(selected);
 }
 
@@ -1025,40 +1081,27 @@ void QtTextBox::applyInputMethod() {
 
 void QtTextBox::replaceSelection(std::u16string insert, bool limited, bool byCode) {
     if (multiLine_) insert = canonicalLineBreaks(insert);
-    const QString before = editor_->text();
     const int start = editor_->selectionStart();
     const int end = editor_->selectionEnd();
     if (limited && maxLength_ > 0) {
-        // What would not fit is cut off; a single typed character is refused whole.
-        const std::int64_t selected =
-            boxPosition(before, end, multiLine_) - boxPosition(before, start, multiLine_);
-        const std::int64_t room =
-            static_cast<std::int64_t>(maxLength_) -
-            (boxPosition(before, static_cast<int>(before.size()), multiLine_) - selected);
-        if (static_cast<std::int64_t>(insert.size()) > room) {
-            const bool wanted = !insert.empty();
-            insert.resize(static_cast<std::size_t>(std::max<std::int64_t>(0, room)));
-            // Never leave half of a surrogate pair or of a line break behind.
-            if (!insert.empty() && isHighSurrogate(insert.back())) insert.pop_back();
-            if (multiLine_ && !insert.empty() && insert.back() == u'\r') insert.pop_back();
-            // Nothing fits: the selection stays. Deleting it is always possible.
-            if (wanted && insert.empty()) return;
-        }
+        const std::int64_t selected = editor_->boxPosition(end) - editor_->boxPosition(start);
+        const std::int64_t room = static_cast<std::int64_t>(maxLength_) - (boxLength() - selected);
+        std::optional<std::u16string> fitted = fitInsertion(insert, room);
+        // Nothing fits: the selection stays. Deleting it is always possible.
+        if (!fitted) return;
+        insert = std::move(*fitted);
     }
     const QString text = multiLine_ ? withLf(insert) : toQString(insert);
-    if (byCode) updating_ = true;
+    if (byCode) {
+        updating_ = true;
+        changedByCode_ = false;
+    }
     editor_->replaceSelection(text, !byCode);
     const int caret = start + static_cast<int>(text.size());
     editor_->select(caret, caret);
     if (byCode) {
         updating_ = false;
-        const QString now = editor_->text();
-        lastText_ = now;
-        if (now != before) {
-            WidgetEvent e;
-            e.type = WidgetEventType::Change;
-            notify(e);
-        }
+        if (changedByCode_) raiseChange();
     }
 }
 
@@ -1069,18 +1112,14 @@ void QtTextBox::pasteFromClipboard() {
 
 void QtTextBox::typeCharacter(char16_t ch) {
     if (locked()) return;
-    if (ch == u'\b') {
+    // What a character does is the core's rule; Backspace is the editor's own, so that Qt
+    // keeps its undo history (it removes a surrogate pair or a line break whole too).
+    const TypedEdit edit = typedEdit(ch, multiLine_);
+    if (edit.action == TypedAction::Backspace) {
         editor_->backspace();
-        return;
+    } else if (edit.action == TypedAction::Insert) {
+        replaceSelection(edit.text, true, false);
     }
-    if (ch == u'\r') {
-        // Enter breaks the line of a multi-line box and types nothing in a single line.
-        if (multiLine_) replaceSelection(u"\r\n", true, false);
-        return;
-    }
-    // Other control characters insert nothing.
-    if (ch < 0x20 || ch == 0x7F) return;
-    replaceSelection(std::u16string(1, ch), true, false);
 }
 
 bool QtTextBox::keyTyped(QKeyEvent* event, const TypedKey& key) {
@@ -1143,11 +1182,8 @@ bool QtTextBox::inputMethodCommitted(QInputMethodEvent* event) {
     }
     if (locked()) accepted.clear();
     if (maxLength_ > 0) {
-        const qsizetype room = maxLength_ - (boxLength() - selLength());
-        if (accepted.size() > room) {
-            accepted.truncate(std::max<qsizetype>(0, room));
-            if (!accepted.isEmpty() && accepted.back().isHighSurrogate()) accepted.chop(1);
-        }
+        const std::int64_t room = maxLength_ - (boxLength() - selLength());
+        accepted = toQString(fitInsertion(fromQString(accepted), room).value_or(u""));
     }
     if (accepted == commit) return false;  // Qt commits it as it is
     QInputMethodEvent changed(event->preeditString(), event->attributes());
@@ -1252,11 +1288,12 @@ bool QtTextBox::showContextMenu(QContextMenuEvent* event) {
 }
 
 void QtTextBox::textChangedByQt() {
-    if (updating_) return;
     // Qt also says "changed" when only the formats did; Change is for the text.
-    const QString now = editor_->text();
-    if (now == lastText_) return;
-    lastText_ = now;
+    if (!editor_->takeTextChanged()) return;
+    if (updating_) {
+        changedByCode_ = true;  // raised once the code's edit is complete
+        return;
+    }
     WidgetEvent e;
     e.type = WidgetEventType::Change;
     notifyFromQt(e);

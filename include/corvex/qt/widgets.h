@@ -241,6 +241,7 @@ private:
     void pasteFromClipboard();
     void pressOnBox(int qtKey, char16_t ch);
     void textChangedByQt();
+    void raiseChange();
     void applyInputMethod();
     std::int32_t boxLength() const;
     std::unique_ptr<Editor> editor_;
@@ -251,7 +252,7 @@ private:
     std::int16_t imeMode_ = 0;
     bool updating_ = false;
     bool forwarding_ = false;
-    QString lastText_;
+    bool changedByCode_ = false;
 };
 
 }  // namespace corvex::qt
