@@ -12,16 +12,6 @@ namespace corvex::headless {
 
 class Site;
 
-/// The key a character is typed with on a US keyboard: its key code and shift state.
-struct KeyStroke {
-    std::int16_t keyCode = 0;  ///< the host's key code (0 when no key types it)
-    std::int16_t shift = 0;    ///< shift bits held while typing it
-};
-
-/// The key code and shift state that type ch (letters by their upper-case code, Shift
-/// for capitals and shifted punctuation; 229, the input-method key, beyond ASCII).
-KeyStroke keyStrokeFor(char16_t ch);
-
 /// What every headless widget keeps and how the user acts on it.
 class HeadlessWidget : public virtual Widget {
 public:
