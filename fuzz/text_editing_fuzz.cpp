@@ -1,11 +1,13 @@
 // Random edits on the text-editing model: typing, pasting, selecting, setting text and
 // MaxLength. After each one the selection lies within the text, a multi-line text keeps
-// every line break as CR LF, the user's edits never take the text past MaxLength nor
-// leave half of a surrogate pair that was not there before, and a reported change is a
-// real one.
+// every line break as CR LF, the user's edits never take the text past MaxLength, what
+// is cut to fit never ends in half a surrogate pair or half a line break, and a reported
+// change is a real one.
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "corvex/common/text_editing.h"
 
@@ -39,16 +41,21 @@ void check(bool condition) {
     if (!condition) std::abort();
 }
 
-// The number of units that are half of a surrogate pair.
-std::size_t halfPairs(const std::u16string& t) {
-    std::size_t n = 0;
-    for (std::size_t i = 0; i < t.size(); ++i) {
-        const bool high = isHighSurrogate(t[i]);
-        const bool low = isLowSurrogate(t[i]);
-        if (high && (i + 1 >= t.size() || !isLowSurrogate(t[i + 1]))) ++n;
-        if (low && (i == 0 || !isHighSurrogate(t[i - 1]))) ++n;
+// What fitting an insertion into room kept: a prefix, never ending in the first half of
+// a pair or a CR whose LF was cut, and never longer than the room.
+void checkFitted(std::u16string_view insert, std::int64_t room) {
+    const std::optional<std::u16string> fitted = fitInsertion(insert, room);
+    if (!fitted) {
+        check(!insert.empty());
+        return;
     }
-    return n;
+    check(insert.substr(0, fitted->size()) == *fitted);
+    if (fitted->size() == insert.size()) return;
+    check(static_cast<std::int64_t>(fitted->size()) <= room);
+    if (!fitted->empty()) {
+        check(!isHighSurrogate(fitted->back()) || !isLowSurrogate(insert[fitted->size()]));
+        check(fitted->back() != u'\r' || insert[fitted->size()] != u'\n');
+    }
 }
 
 bool canonical(const std::u16string& t) {
@@ -69,7 +76,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     box.setMaxLength(in.byte() % 24);
     while (in.more()) {
         const std::u16string before = box.text();
-        const std::size_t halvesBefore = halfPairs(before);
+        const std::int64_t room = box.room();
         bool byUser = false;
         bool changed = false;
         switch (in.byte() % 9) {
@@ -79,14 +86,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                 changed = box.type(interestingChar(in));
                 byUser = true;
                 break;
-            case 3:
-                changed = box.paste(someText(in));
+            case 3: {
+                const std::u16string t = someText(in);
+                checkFitted(box.multiLine() ? canonicalLineBreaks(t) : t, room);
+                changed = box.paste(t);
                 byUser = true;
                 break;
-            case 4:
-                changed = box.replaceSelection(someText(in), true);
+            }
+            case 4: {
+                const std::u16string t = someText(in);
+                checkFitted(box.multiLine() ? canonicalLineBreaks(t) : t, room);
+                changed = box.replaceSelection(t, true);
                 byUser = true;
                 break;
+            }
             case 5:
                 changed = box.setText(someText(in));
                 break;
@@ -107,13 +120,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         check(box.selStart() + box.selLength() <= length);
         check(changed == (t != before));
         if (box.multiLine()) check(canonical(t));
-        if (byUser) {
-            // An edit never makes a text longer past MaxLength, nor adds a broken pair
-            // (a Backspace or a replaced selection may only take one away).
-            if (box.maxLength() > 0 && t.size() > before.size()) {
-                check(length <= box.maxLength());
-            }
-            if (t.size() >= before.size()) check(halfPairs(t) <= halvesBefore + 0);
+        // An edit never makes a text grow past MaxLength.
+        if (byUser && box.maxLength() > 0 && t.size() > before.size()) {
+            check(length <= box.maxLength());
         }
     }
     return 0;

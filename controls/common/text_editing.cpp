@@ -25,7 +25,7 @@ std::optional<std::u16string> fitInsertion(std::u16string_view insert, std::int6
     auto keep = static_cast<std::size_t>(std::max<std::int64_t>(0, room));
     // A line break keeps its LF, and a surrogate pair its second half, or goes whole.
     if (keep > 0 && insert[keep - 1] == u'\r' && insert[keep] == u'\n') --keep;
-    if (keep > 0 && isHighSurrogate(insert[keep - 1])) --keep;
+    if (keep > 0 && isHighSurrogate(insert[keep - 1]) && isLowSurrogate(insert[keep])) --keep;
     if (keep == 0 && !insert.empty()) return std::nullopt;
     return std::u16string(insert.substr(0, keep));
 }
