@@ -46,7 +46,7 @@ public:
         for (const std::string& name : order_) {
             const Times& t = cases_.at(name);
             if (t.corvex.count == 0 || t.qt.count == 0 || t.qt.mean() <= 0) continue;
-            std::printf("ratio %s: corvex/qt = %.2f\n", name.c_str(),
+            std::printf("ratio %s: corvex/qt = %.3g\n", name.c_str(),
                         t.corvex.mean() / t.qt.mean());
         }
         std::fflush(stdout);

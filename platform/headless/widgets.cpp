@@ -1,7 +1,5 @@
 #include "corvex/headless/widgets.h"
 
-#include <algorithm>
-
 #include "corvex/headless/host.h"
 
 namespace corvex::headless {
@@ -143,8 +141,8 @@ void HeadlessCheckBox::keyReleased(std::int16_t keyCode) {
 
 HeadlessTextBox::HeadlessTextBox(Site& site, const TextBoxSpec& spec)
     : HeadlessWidget(site, spec),
+      model_(spec.multiLine),
       alignment_(spec.alignment),
-      multiLine_(spec.multiLine),
       scrollBars_(spec.scrollBars),
       nativeClipboard_(spec.nativeClipboard) {}
 
@@ -152,99 +150,38 @@ void HeadlessTextBox::keyPressedDown(std::int16_t keyCode, std::int16_t shift) {
     if (!nativeClipboard_ || (shift & key::CtrlMask) == 0) return;
     Clipboard& clipboard = site().host();
     if (keyCode == 'C' || keyCode == 'X') {
-        if (selLength_ > 0) clipboard.setText(selText());
-        if (keyCode == 'X' && !locked_) replaceSelection(u"", false);
-    } else if (keyCode == 'V' && !locked_) {
-        replaceSelection(clipboard.text(), true);
+        if (model_.selLength() > 0) clipboard.setText(model_.selText());
+        if (keyCode == 'X') changed(model_.deleteSelection());
+    } else if (keyCode == 'V') {
+        changed(model_.paste(clipboard.text()));
     }
 }
 
-void HeadlessTextBox::changed(const std::u16string& before) {
-    if (text_ == before) return;
+void HeadlessTextBox::changed(bool textChanged) {
+    if (!textChanged) return;
     WidgetEvent e;
     e.type = WidgetEventType::Change;
     emit(e);
 }
 
 void HeadlessTextBox::setText(const std::u16string& t) {
-    const std::u16string before = text_;
-    text_ = t;
-    selStart_ = 0;
-    selLength_ = 0;
-    changed(before);
+    changed(model_.setText(t));
 }
 
 void HeadlessTextBox::setSelStart(std::int32_t s) {
-    const auto len = static_cast<std::int32_t>(text_.size());
-    selStart_ = std::clamp(s, 0, len);
-    selLength_ = 0;
+    model_.setSelStart(s);
 }
 
 void HeadlessTextBox::setSelLength(std::int32_t n) {
-    const auto len = static_cast<std::int32_t>(text_.size());
-    selLength_ = std::clamp(n, 0, len - selStart_);
-}
-
-std::u16string HeadlessTextBox::selText() const {
-    return text_.substr(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_));
-}
-
-void HeadlessTextBox::replaceSelection(std::u16string insert, bool limited) {
-    if (limited && maxLength_ > 0 && !insert.empty()) {
-        // What would not fit is cut off; a single typed character is refused whole, and so
-        // is a line break that would lose its line feed.
-        const auto room = static_cast<std::int64_t>(maxLength_) -
-                          (static_cast<std::int64_t>(text_.size()) - selLength_);
-        if (room <= 0) return;
-        if (static_cast<std::int64_t>(insert.size()) > room && room >= 1 &&
-            insert[static_cast<std::size_t>(room - 1)] == u'\r' &&
-            insert[static_cast<std::size_t>(room)] == u'\n') {
-            insert.resize(static_cast<std::size_t>(room - 1));
-            if (insert.empty()) return;
-        }
-        if (static_cast<std::int64_t>(insert.size()) > room) {
-            insert.resize(static_cast<std::size_t>(room));
-            // Never leave half of a surrogate pair behind.
-            if (!insert.empty() && insert.back() >= 0xD800 && insert.back() <= 0xDBFF) {
-                insert.pop_back();
-            }
-        }
-    }
-    const std::u16string before = text_;
-    text_.replace(static_cast<std::size_t>(selStart_), static_cast<std::size_t>(selLength_),
-                  insert);
-    selStart_ += static_cast<std::int32_t>(insert.size());
-    selLength_ = 0;
-    changed(before);
+    model_.setSelLength(n);
 }
 
 void HeadlessTextBox::setSelText(const std::u16string& t) {
-    replaceSelection(t, true);
+    changed(model_.replaceSelection(t, true));
 }
 
 void HeadlessTextBox::characterTyped(char16_t ch) {
-    if (locked_) return;
-    if (ch == u'\b') {
-        if (selLength_ == 0) {
-            if (selStart_ == 0) return;
-            --selStart_;
-            selLength_ = 1;
-            // Backspace removes a whole surrogate pair.
-            if (selStart_ > 0 && text_[selStart_] >= 0xDC00 && text_[selStart_] <= 0xDFFF &&
-                text_[selStart_ - 1] >= 0xD800 && text_[selStart_ - 1] <= 0xDBFF) {
-                --selStart_;
-                selLength_ = 2;
-            }
-        }
-        replaceSelection(u"", false);
-        return;
-    }
-    if (ch == u'\r') {
-        if (multiLine_) replaceSelection(u"\r\n", true);
-        return;
-    }
-    if (ch < 0x20 || ch == 0x7F) return;  // other control characters insert nothing
-    replaceSelection(std::u16string(1, ch), true);
+    changed(model_.type(ch));
 }
 
 }  // namespace corvex::headless

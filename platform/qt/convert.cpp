@@ -227,8 +227,10 @@ std::int16_t virtualKeyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
                 break;
         }
     }
-    if (qtKey >= Qt::Key_A && qtKey <= Qt::Key_Z) return static_cast<std::int16_t>(qtKey);
-    if (qtKey >= Qt::Key_0 && qtKey <= Qt::Key_9) return static_cast<std::int16_t>(qtKey);
+    // Qt names a printable key by its character: the core's table gives its key.
+    if (qtKey >= Qt::Key_Space && qtKey <= Qt::Key_AsciiTilde) {
+        return keyStrokeFor(static_cast<char16_t>(qtKey)).keyCode;
+    }
     if (qtKey >= Qt::Key_F1 && qtKey <= Qt::Key_F24) {
         return static_cast<std::int16_t>(112 + (qtKey - Qt::Key_F1));
     }
@@ -253,8 +255,6 @@ std::int16_t virtualKeyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
             return 20;
         case Qt::Key_Escape:
             return 27;
-        case Qt::Key_Space:
-            return key::Space;
         case Qt::Key_PageUp:
             return 33;
         case Qt::Key_PageDown:
@@ -285,61 +285,6 @@ std::int16_t virtualKeyCode(int qtKey, Qt::KeyboardModifiers modifiers) {
             return 144;
         case Qt::Key_ScrollLock:
             return 145;
-        // Shifted digits report the symbol; the key is the digit's (a US layout).
-        case Qt::Key_ParenRight:
-            return '0';
-        case Qt::Key_Exclam:
-            return '1';
-        case Qt::Key_At:
-            return '2';
-        case Qt::Key_NumberSign:
-            return '3';
-        case Qt::Key_Dollar:
-            return '4';
-        case Qt::Key_Percent:
-            return '5';
-        case Qt::Key_AsciiCircum:
-            return '6';
-        case Qt::Key_Ampersand:
-            return '7';
-        case Qt::Key_Asterisk:
-            return '8';
-        case Qt::Key_ParenLeft:
-            return '9';
-        // The punctuation keys, plain and shifted.
-        case Qt::Key_Semicolon:
-        case Qt::Key_Colon:
-            return 186;
-        case Qt::Key_Equal:
-        case Qt::Key_Plus:
-            return 187;
-        case Qt::Key_Comma:
-        case Qt::Key_Less:
-            return 188;
-        case Qt::Key_Minus:
-        case Qt::Key_Underscore:
-            return 189;
-        case Qt::Key_Period:
-        case Qt::Key_Greater:
-            return 190;
-        case Qt::Key_Slash:
-        case Qt::Key_Question:
-            return 191;
-        case Qt::Key_QuoteLeft:
-        case Qt::Key_AsciiTilde:
-            return 192;
-        case Qt::Key_BracketLeft:
-        case Qt::Key_BraceLeft:
-            return 219;
-        case Qt::Key_Backslash:
-        case Qt::Key_Bar:
-            return 220;
-        case Qt::Key_BracketRight:
-        case Qt::Key_BraceRight:
-            return 221;
-        case Qt::Key_Apostrophe:
-        case Qt::Key_QuoteDbl:
-            return 222;
         default:
             return 0;
     }

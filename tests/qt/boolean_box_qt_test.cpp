@@ -53,42 +53,12 @@ TEST_F(BooleanBoxQt, shouldRaiseMouseDownMouseUpAndClickInTheHostsOrder) {
                                            QStringLiteral("Click")}));
 }
 
-TEST_F(BooleanBoxQt, shouldUncheckTheBoxOnASecondClick) {
-    click();
-    w.events.clear();
-    click();
-    const Variant v = value();
-    ASSERT_EQ(v.type(), VarType::Boolean);
-    EXPECT_EQ(v.asBoolean().raw, 0);
-    EXPECT_EQ(box()->checkState(), Qt::Unchecked);
-    EXPECT_NE(w.find(QStringLiteral("Click")), nullptr);
-}
-
 TEST_F(BooleanBoxQt, shouldRaiseClickWhenTheValueIsSetByCode) {
     letProperty(*w.control->object(), u"Value", Variant(true));
     EXPECT_EQ(box()->checkState(), Qt::Checked);
     EXPECT_EQ(w.eventNames(), std::vector<QString>{QStringLiteral("Click")});
     EXPECT_NE(std::find(w.changes.begin(), w.changes.end(), QStringLiteral("Value")),
               w.changes.end());
-}
-
-TEST_F(BooleanBoxQt, shouldReadFalseWhenDisabledWithAlwaysFalseWhenNotEnabled) {
-    letProperty(*w.control->object(), u"Value", Variant(true));
-    letProperty(*w.control->object(), u"AlwaysFalseWhenNotEnabled", Variant(true));
-    letProperty(*w.control->object(), u"Enabled", Variant(false));
-    EXPECT_FALSE(box()->isEnabled());
-    EXPECT_EQ(box()->checkState(), Qt::Checked);  // still ticked on the screen
-    EXPECT_EQ(value().asBoolean().raw, 0);
-    letProperty(*w.control->object(), u"Enabled", Variant(true));
-    EXPECT_EQ(value().asBoolean().raw, -1);
-}
-
-TEST_F(BooleanBoxQt, shouldIgnoreClicksWhileDisabled) {
-    letProperty(*w.control->object(), u"Enabled", Variant(false));
-    w.events.clear();
-    click();
-    EXPECT_EQ(value().asBoolean().raw, 0);
-    EXPECT_TRUE(w.events.empty());
 }
 
 TEST_F(BooleanBoxQt, shouldReportMouseCoordinatesInTwips) {

@@ -271,7 +271,7 @@ TEST_F(LeavingQt, shouldShowTheMessageOnceAndKeepTheFocus) {
     EXPECT_EQ(h.messageBoxes().size(), 1u) << "only the box left complains";
     EXPECT_TRUE(edit(u"n")->hasFocus());
     EXPECT_EQ(QApplication::focusWidget(), edit(u"n"));
-    QTest::qWait(50);
+    ASSERT_TRUE(settle());
     EXPECT_EQ(h.messageBoxes().size(), 1u) << "no loop of focus-out messages";
     // Each new attempt to leave is checked again.
     clickInto(edit(u"other"));
@@ -310,7 +310,12 @@ TEST_F(LeavingQt, shouldShowARealMessageBoxOnceAndGiveTheFocusBack) {
     });
     user.start(10);
     clickInto(edit(u"other"));
-    QTest::qWait(300);
+    // The box was shown, answered, and the focus came back to the box that was left.
+    EXPECT_TRUE(waitUntil([&] {
+        return !seen.empty() && !QApplication::activeModalWidget() && edit(u"n")->hasFocus();
+    }));
+    // Nothing more follows: no second box once the events under way are handled.
+    ASSERT_TRUE(settle());
     user.stop();
     EXPECT_EQ(seen.size(), 1u);
     EXPECT_EQ(h.window().focusWidget(), edit(u"n"));
@@ -342,7 +347,8 @@ TEST_F(LeavingQt, shouldNotCheckWhileAPopupMenuIsUp) {
     menu.popup(edit(u"n")->mapToGlobal(QPoint(0, 0)));
     ASSERT_TRUE(QTest::qWaitForWindowExposed(&menu));
     menu.close();
-    QTest::qWait(20);
+    ASSERT_TRUE(waitUntil([&] { return !menu.isVisible() && !QApplication::activePopupWidget(); }));
+    ASSERT_TRUE(settle());
     EXPECT_TRUE(h.messageBoxes().empty());
     EXPECT_TRUE(edit(u"n")->hasFocus());
 }

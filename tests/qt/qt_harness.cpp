@@ -262,7 +262,11 @@ qt::QtWidget& QtHarness::keyTarget(const std::u16string& control) const {
 }
 
 void QtHarness::typeText(const std::u16string& control, const std::u16string& text) {
-    QPointer<QWidget> target = keyTarget(control).qtWidget();
+    typeInto(keyTarget(control), text);
+}
+
+void QtHarness::typeInto(Widget& widget, const std::u16string& text) {
+    QPointer<QWidget> target = dynamic_cast<qt::QtWidget&>(widget).qtWidget();
     for (std::size_t i = 0; i < text.size() && target; ++i) {
         const char16_t ch = text[i];
         if (ch >= 0x80) {
@@ -303,7 +307,11 @@ void QtHarness::typeText(const std::u16string& control, const std::u16string& te
 }
 
 void QtHarness::pressKey(const std::u16string& control, std::int16_t keyCode, std::int16_t shift) {
-    QWidget* target = keyTarget(control).qtWidget();
+    pressKeyOn(keyTarget(control), keyCode, shift);
+}
+
+void QtHarness::pressKeyOn(Widget& widget, std::int16_t keyCode, std::int16_t shift) {
+    QWidget* target = dynamic_cast<qt::QtWidget&>(widget).qtWidget();
     auto [key, keypad] = qtKeyOf(keyCode);
     const Qt::KeyboardModifiers modifiers = modifiersOf(shift) | keypad;
     // The one character a key without its own carries: Ctrl with a letter gives its

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <QCheckBox>
+#include <QCoreApplication>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTest>
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <memory>
@@ -71,6 +73,31 @@ public:
     /// Runs inside the eventRaised signal, before the event is recorded.
     std::function<void(const QString&, EventArgs&)> handler;
 };
+
+/// The longest a test waits for something that should happen at once: generous, so that
+/// a loaded machine never fails a test, and only ever reached when the test fails anyway.
+inline constexpr int waitDeadlineMs = 10000;
+
+/// Runs the event loop until condition holds or the deadline passes; returns whether it
+/// holds. Tests wait for what they expect this way, never for a fixed time.
+template <class Condition>
+bool waitUntil(Condition condition, int deadlineMs = waitDeadlineMs) {
+    return QTest::qWaitFor(condition, deadlineMs);
+}
+
+/// Runs the event loop until everything already posted (and the zero timers already
+/// started) has been delivered: after it, an event that was going to follow has arrived.
+/// Used before checking that something did not happen.
+inline bool settle() {
+    bool reached = false;
+    // A zero timer fires only once the events posted before it were handled; twice over,
+    // so that what those events posted in turn is handled too.
+    QTimer::singleShot(0, [&reached] { QTimer::singleShot(0, [&reached] { reached = true; }); });
+    const bool ok = waitUntil([&reached] { return reached; });
+    if (!ok) reached = true;  // the pending timers must not write to a dead local
+    QCoreApplication::processEvents();
+    return ok;
+}
 
 /// The centre of a check box's indicator, where a click toggles it.
 inline QPoint indicatorCentre(QCheckBox* box) {

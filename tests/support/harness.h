@@ -70,6 +70,12 @@ public:
     virtual std::vector<MessageBoxRequest> messageBoxes() = 0;
     /// The answer of the next message box.
     virtual void queueAnswer(std::int32_t answer) = 0;
+    /// Makes widgets on a control's surface, as the control makes its own inner widgets.
+    virtual WidgetFactory& widgets(const std::u16string& control) = 0;
+    /// The user types text into one widget, through the host's own input path.
+    virtual void typeInto(Widget& target, const std::u16string& text) = 0;
+    /// The user presses and releases a key (no character) on one widget.
+    virtual void pressKeyOn(Widget& target, std::int16_t keyCode, std::int16_t shift) = 0;
 };
 
 /// A named way to make a harness.

@@ -48,6 +48,15 @@ void HeadlessHarness::typeText(const std::u16string& control, const std::u16stri
     for (char16_t c : text) w->type(c);
 }
 
+void HeadlessHarness::typeInto(Widget& target, const std::u16string& text) {
+    auto& w = dynamic_cast<headless::HeadlessWidget&>(target);
+    for (char16_t c : text) w.type(c);
+}
+
+void HeadlessHarness::pressKeyOn(Widget& target, std::int16_t keyCode, std::int16_t shift) {
+    dynamic_cast<headless::HeadlessWidget&>(target).pressKey(keyCode, shift);
+}
+
 void HeadlessHarness::pressKey(const std::u16string& control, std::int16_t keyCode,
                                std::int16_t shift) {
     headless::HeadlessWidget* w = site(control).keyTarget();

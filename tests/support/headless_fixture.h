@@ -45,6 +45,9 @@ public:
                          std::function<void(const std::u16string&, std::span<Variant>)> h) override;
     std::vector<MessageBoxRequest> messageBoxes() override;
     void queueAnswer(std::int32_t answer) override;
+    WidgetFactory& widgets(const std::u16string& control) override { return site(control); }
+    void typeInto(Widget& target, const std::u16string& text) override;
+    void pressKeyOn(Widget& target, std::int16_t keyCode, std::int16_t shift) override;
 
 private:
     headless::Host host_;

@@ -5,21 +5,12 @@
 #include <string>
 #include <vector>
 
+#include "corvex/common/text_editing.h"
 #include "corvex/platform/widgets.h"
 
 namespace corvex::headless {
 
 class Site;
-
-/// The key a character is typed with on a US keyboard: its key code and shift state.
-struct KeyStroke {
-    std::int16_t keyCode = 0;  ///< the host's key code (0 when no key types it)
-    std::int16_t shift = 0;    ///< shift bits held while typing it
-};
-
-/// The key code and shift state that type ch (letters by their upper-case code, Shift
-/// for capitals and shifted punctuation; 229, the input-method key, beyond ASCII).
-KeyStroke keyStrokeFor(char16_t ch);
 
 /// What every headless widget keeps and how the user acts on it.
 class HeadlessWidget : public virtual Widget {
@@ -117,29 +108,30 @@ private:
 
 /// A text box: typing inserts at the caret and replaces the selection, MaxLength refuses
 /// what would not fit, Backspace deletes, Enter inserts a line break only when multi-line.
+/// The rules are the core's TextEditModel; this box only raises the widget events.
 class HeadlessTextBox : public HeadlessWidget, public TextBox {
 public:
     /// A text box of a site.
     HeadlessTextBox(Site& site, const TextBoxSpec& spec);
-    std::u16string text() const override { return text_; }
+    std::u16string text() const override { return model_.text(); }
     void setText(const std::u16string& t) override;
-    std::int32_t selStart() const override { return selStart_; }
+    std::int32_t selStart() const override { return model_.selStart(); }
     void setSelStart(std::int32_t s) override;
-    std::int32_t selLength() const override { return selLength_; }
+    std::int32_t selLength() const override { return model_.selLength(); }
     void setSelLength(std::int32_t n) override;
-    std::u16string selText() const override;
+    std::u16string selText() const override { return model_.selText(); }
     void setSelText(const std::u16string& t) override;
-    std::int32_t maxLength() const override { return maxLength_; }
-    void setMaxLength(std::int32_t n) override { maxLength_ = n < 0 ? 0 : n; }
+    std::int32_t maxLength() const override { return model_.maxLength(); }
+    void setMaxLength(std::int32_t n) override { model_.setMaxLength(n); }
     std::int16_t imeMode() const override { return imeMode_; }
     void setImeMode(std::int16_t m) override { imeMode_ = m; }
-    bool locked() const override { return locked_; }
-    void setLocked(bool v) override { locked_ = v; }
+    bool locked() const override { return model_.locked(); }
+    void setLocked(bool v) override { model_.setLocked(v); }
 
     /// Text alignment from the design (0 left, 1 right, 2 centre).
     std::int16_t alignment() const { return alignment_; }
     /// Whether the box holds several lines.
-    bool multiLine() const { return multiLine_; }
+    bool multiLine() const { return model_.multiLine(); }
     /// The scroll bars of the design (0 none ... 3 both).
     std::int16_t scrollBars() const { return scrollBars_; }
 
@@ -148,17 +140,11 @@ protected:
     void keyPressedDown(std::int16_t keyCode, std::int16_t shift) override;
 
 private:
-    void replaceSelection(std::u16string insert, bool limited);
-    void changed(const std::u16string& before);
+    void changed(bool textChanged);
 
-    std::u16string text_;
-    std::int32_t selStart_ = 0;
-    std::int32_t selLength_ = 0;
-    std::int32_t maxLength_ = 0;
+    TextEditModel model_;
     std::int16_t imeMode_ = 0;
-    bool locked_ = false;
     std::int16_t alignment_;
-    bool multiLine_;
     std::int16_t scrollBars_;
     bool nativeClipboard_;
 };

@@ -25,6 +25,18 @@ inline constexpr std::int16_t CtrlMask = 2;     ///< Ctrl held
 inline constexpr std::int16_t AltMask = 4;      ///< Alt held
 }  // namespace key
 
+/// The key a character is typed with on a US keyboard: its key code and shift state.
+struct KeyStroke {
+    std::int16_t keyCode = 0;  ///< the host's key code (0 when no key types it)
+    std::int16_t shift = 0;    ///< shift bits held while typing it
+};
+
+/// The key code and shift state that type ch (letters by their upper-case code, Shift
+/// for capitals and shifted punctuation; 229, the input-method key, beyond ASCII). Every
+/// host reads its key codes from this one table: the headless host to type characters,
+/// the Qt host to name the keys Qt reports.
+KeyStroke keyStrokeFor(char16_t ch);
+
 /// Mouse buttons as the host reports them.
 namespace mouse {
 inline constexpr std::int16_t Left = 1;    ///< left button
