@@ -247,6 +247,10 @@ void QtControlHost::runLifecycle(PropertyBag* bag) {
     }
 }
 
+void QtControlHost::joinModel(FormModel& model) {
+    d->model = &model;
+}
+
 void QtControlHost::initNew() {
     runLifecycle(nullptr);
 }

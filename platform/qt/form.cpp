@@ -50,7 +50,7 @@ QtControlHost* QtForm::addControl(const ClassInfo& cls, const QString& name, QWi
         delete host;
         throw;
     }
-    host->d->model = &d->model;
+    host->joinModel(d->model);
     return host;
 }
 

@@ -12,6 +12,10 @@
 #include "corvex/common/control.h"
 #include "corvex/platform/site.h"
 
+namespace corvex {
+class FormModel;
+}
+
 namespace corvex::qt {
 
 class QtHost;
@@ -152,6 +156,7 @@ private:
     friend class QtWidget;
     friend class QtForm;
     void runLifecycle(PropertyBag* bag);
+    void joinModel(FormModel& model);
     void widgetMade(QtWidget* widget);
     void widgetGone(QtWidget* widget);
     struct Private;
