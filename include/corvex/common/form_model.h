@@ -70,7 +70,7 @@ public:
     bool isArray(std::u16string_view name) const;
     /// The number of controls.
     std::size_t size() const;
-    /// The entries in creation order (a copy of the list: the controls may change it).
+    /// The entries in creation order; the pointers stay valid until their control leaves.
     std::vector<const FormEntry*> entries() const;
     /// The controls in creation order, for the service controls' walk over the form.
     std::vector<ObjectRef> controls() const;
