@@ -113,6 +113,18 @@ TEST_F(FormModelTest, shouldDetachARemovedControlKeptElsewhere) {
               err::ClientSiteNotAvailable);
 }
 
+TEST_F(FormModelTest, shouldLeaveARemovedControlOutOfTheWalkAndRefuseItInAWalkTakenBefore) {
+    headless::Site& service = form.add(boolClass(), u"service");
+    form.add(boolClass(), u"chk");
+    // What a service control's walk over its parent form holds.
+    const std::vector<ObjectRef> walk = service.parentForm()->controls();
+    form.remove(u"CHK");
+    EXPECT_EQ(service.parentForm()->controls().size(), 1u);
+    ASSERT_EQ(walk.size(), 2u);
+    EXPECT_EQ(errorOf([&] { getProperty(*walk[1], u"SectionName"); }), err::ClientSiteNotAvailable);
+    EXPECT_EQ(errorOf([&] { getProperty(*walk[0], u"SectionName"); }), 0);
+}
+
 TEST_F(FormModelTest, shouldCallAMethodOnEveryControlThatHasItAndReportEach) {
     form.add(boolClass(), u"one");
     form.add(boolClass(), u"two", 0);
