@@ -100,6 +100,20 @@ TEST(ScriptHost, shouldFailWhenItsOutputCannotBeWritten) {
     EXPECT_NE(diagnostics.str().find("cannot write the output"), std::string::npos);
 }
 
+TEST(ScriptHost, shouldReachTheElementsOfAControlArrayByIndex) {
+    EXPECT_EQ(
+        run("new BooleanBox opt(0)\nload BooleanBox OPT(2)\n  Caption = \"two\"\nend\n"
+            "get opt(2).Caption\nset opt(0).Value = True\nget opt(1).Value\nget opt.Value\n"
+            "unload opt(0)\nget opt(0).Value\nsave opt(2)\n"),
+        (Lines{"event opt(0).Resize()", "changed OPT(2).Value", "event OPT(2).Resize()",
+               "= String \"two\"", "event opt(0).Click()", "changed opt(0).Value",
+               "error 340 \"Control array element doesn't exist\"", "error 424 \"Object required\"",
+               "error 340 \"Control array element doesn't exist\"",
+               "bag OPT(2).Caption = String \"two\""}));
+    const ScriptResult r = runScript("new BooleanBox opt(40000)\n");
+    EXPECT_EQ(r.status, ExitParseError);
+}
+
 TEST(ScriptHost, shouldFindAControlAmongManyByItsName) {
     std::string script;
     for (int i = 0; i < 3000; ++i) script += "new BooleanBox c" + std::to_string(i) + "\n";

@@ -77,15 +77,34 @@ std::string clipped(const std::string& message) {
     return message.substr(0, cut) + "...";
 }
 
-// A control name as a command gives it: a name that is no literal word.
-std::u16string controlName(std::string_view token) {
-    if (!isName(token)) throw ParseError{"expected a control name, found " + shown(token)};
-    if (isLiteralWord(token)) throw ParseError{shown(token) + " is a literal, not a control name"};
-    return fromUtf8(token);
+// A control name as a command gives it: a name that is no literal word, or NAME(I) for
+// element I (0 to 32767) of a control array.
+ControlName controlName(std::string_view token) {
+    std::string_view name = token;
+    std::int16_t index = NoIndex;
+    const std::size_t open = token.find('(');
+    if (open != std::string_view::npos && token.ends_with(')')) {
+        name = token.substr(0, open);
+        const std::string_view digits = token.substr(open + 1, token.size() - open - 2);
+        int value = 0;
+        bool ok = !digits.empty() && digits.size() <= 5;
+        for (char c : digits) {
+            ok = ok && c >= '0' && c <= '9';
+            value = value * 10 + (c - '0');
+        }
+        if (!ok || value > 32767) {
+            throw ParseError{"the index of " + shown(token) +
+                             " must be a whole number from 0 to 32767"};
+        }
+        index = static_cast<std::int16_t>(value);
+    }
+    if (!isName(name)) throw ParseError{"expected a control name, found " + shown(token)};
+    if (isLiteralWord(name)) throw ParseError{shown(name) + " is a literal, not a control name"};
+    return {fromUtf8(name), index};
 }
 
 // NAME.MEMBER
-std::pair<std::u16string, std::u16string> memberTarget(std::string_view token) {
+std::pair<ControlName, std::u16string> memberTarget(std::string_view token) {
     const std::size_t dot = token.find('.');
     if (dot == std::string_view::npos || !isName(token.substr(dot + 1))) {
         throw ParseError{"expected NAME.MEMBER, found " + shown(token)};
@@ -130,13 +149,19 @@ void Interpreter::execute(F&& action) {
     }
 }
 
-headless::Site* Interpreter::findSite(std::u16string_view name) const {
-    return form_.find(name);
+headless::Site* Interpreter::findSite(const ControlName& name) const {
+    return form_.find(name.name, name.index);
 }
 
-headless::Site& Interpreter::site(std::u16string_view name) const {
+headless::Site& Interpreter::site(const ControlName& name) const {
     headless::Site* s = findSite(name);
-    if (!s) throw Error(err::ObjectRequired);
+    if (!s) {
+        // An array named without the element it lacks is the host's missing-element error.
+        if (name.index != NoIndex && form_.model().isArray(name.name)) {
+            throw Error(err::ControlArrayElementMissing);
+        }
+        throw Error(err::ObjectRequired);
+    }
     return *s;
 }
 
@@ -157,7 +182,7 @@ Interpreter::Operand Interpreter::operand(std::string_view token) const {
 
 Variant Interpreter::evaluate(const Operand& op) const {
     if (!op.isName) return op.value;
-    return Variant(ObjectRef(site(op.name).controlRef()));
+    return Variant(ObjectRef(site({op.name, NoIndex}).controlRef()));
 }
 
 Interpreter::Status Interpreter::feedLine(std::string_view line) {
@@ -184,7 +209,7 @@ Interpreter::Status Interpreter::finish() {
     if (pending_) {
         diagnostics_ << "line " << pending_->line << ": "
                      << clipped("load " + toUtf8(pending_->className) + " " +
-                                toUtf8(pending_->name) + " has no end line")
+                                toUtf8(pending_->name.text()) + " has no end line")
                      << '\n';
         stopped_ = true;
         return Status::ParseError;
@@ -234,7 +259,8 @@ void Interpreter::parseLoadLine(const std::vector<std::string_view>& tokens) {
         return;
     }
     if (tokens.size() != 3 || tokens[1] != "=" || !isName(tokens[0])) {
-        throw ParseError{"expected PROP = LITERAL or end inside load " + toUtf8(pending_->name)};
+        throw ParseError{"expected PROP = LITERAL or end inside load " +
+                         toUtf8(pending_->name.text())};
     }
     Operand value = operand(tokens[2]);
     const std::u16string name = fromUtf8(tokens[0]);
@@ -277,7 +303,7 @@ struct Interpreter::Commands {
     static void place(Interpreter& in, const Tokens& t, const Command& c) {
         if (!isName(t[1])) throw ParseError{"expected a class name, found " + shown(t[1])};
         const std::u16string className = fromUtf8(t[1]);
-        const std::u16string name = controlName(t[2]);
+        const ControlName name = controlName(t[2]);
         if (c.word == "load") {
             in.pending_.emplace();
             in.pending_->className = className;
@@ -285,7 +311,7 @@ struct Interpreter::Commands {
             in.pending_->line = in.lineNumber_;
             return;
         }
-        in.execute([&] { in.form_.add(publicClass(className), name); });
+        in.execute([&] { in.form_.add(publicClass(className), name.name, name.index); });
     }
 
     static void end(Interpreter&, const Tokens&, const Command&) {
@@ -293,12 +319,12 @@ struct Interpreter::Commands {
     }
 
     static void unload(Interpreter& in, const Tokens& t, const Command&) {
-        const std::u16string name = controlName(t[1]);
-        in.execute([&] { in.form_.remove(name); });
+        const ControlName name = controlName(t[1]);
+        in.execute([&] { in.form_.remove(name.name, name.index); });
     }
 
     static void save(Interpreter& in, const Tokens& t, const Command&) {
-        const std::u16string name = controlName(t[1]);
+        const ControlName name = controlName(t[1]);
         in.execute([&] {
             headless::Site& s = in.site(name);
             MemoryBag bag;
@@ -351,7 +377,7 @@ struct Interpreter::Commands {
     }
 
     static void type(Interpreter& in, const Tokens& t, const Command&) {
-        const std::u16string name = controlName(t[1]);
+        const ControlName name = controlName(t[1]);
         const Operand text = in.operand(t[2]);
         in.execute([&] {
             headless::Site& s = in.site(name);
@@ -362,7 +388,7 @@ struct Interpreter::Commands {
     }
 
     static void key(Interpreter& in, const Tokens& t, const Command&) {
-        const std::u16string name = controlName(t[1]);
+        const ControlName name = controlName(t[1]);
         const Operand code = in.operand(t[2]);
         const std::optional<Operand> shift =
             t.size() > 3 ? std::optional(in.operand(t[3])) : std::nullopt;
@@ -375,7 +401,7 @@ struct Interpreter::Commands {
     }
 
     static void caret(Interpreter& in, const Tokens& t, const Command&) {
-        const std::u16string name = controlName(t[1]);
+        const ControlName name = controlName(t[1]);
         const Operand start = in.operand(t[2]);
         const std::optional<Operand> length =
             t.size() > 3 ? std::optional(in.operand(t[3])) : std::nullopt;
@@ -401,7 +427,7 @@ struct Interpreter::Commands {
 
     static void focus(Interpreter& in, const Tokens& t, const Command& c) {
         const bool give = c.word == "focus";
-        const std::u16string name = controlName(t[1]);
+        const ControlName name = controlName(t[1]);
         in.execute([&] {
             headless::Site& s = in.site(name);
             headless::HeadlessWidget* focused = in.form_.focused();
@@ -424,7 +450,7 @@ struct Interpreter::Commands {
     static void click(Interpreter& in, const Tokens& t, const Command&) {
         std::string_view target = t[1];
         const std::size_t dot = target.find('.');
-        const std::u16string name = controlName(target.substr(0, dot));
+        const ControlName name = controlName(target.substr(0, dot));
         std::optional<std::u16string> widgetName;
         std::int16_t index = -1;
         if (dot != std::string_view::npos) {
@@ -466,7 +492,7 @@ struct Interpreter::Commands {
     }
 
     static void resize(Interpreter& in, const Tokens& t, const Command&) {
-        const std::u16string name = controlName(t[1]);
+        const ControlName name = controlName(t[1]);
         const Operand width = in.operand(t[2]);
         const Operand height = in.operand(t[3]);
         in.execute([&] {
@@ -536,7 +562,7 @@ void Interpreter::runLoad(const PendingLoad& load) {
         std::vector<MemoryBag::Entry> entries;
         for (const auto& [name, op] : load.entries) entries.emplace_back(name, evaluate(op));
         MemoryBag bag(std::move(entries));
-        form_.load(Commands::publicClass(load.className), load.name, bag);
+        form_.load(Commands::publicClass(load.className), load.name.name, bag, load.name.index);
     });
 }
 

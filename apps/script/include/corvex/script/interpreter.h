@@ -63,7 +63,7 @@ private:
     // The entries of a load block, gathered up to its end line.
     struct PendingLoad {
         std::u16string className;
-        std::u16string name;
+        ControlName name;
         int line = 0;
         std::vector<std::pair<std::u16string, Operand>> entries;
         std::unordered_map<std::u16string, std::size_t> positions;  // folded name -> entry
@@ -80,8 +80,8 @@ private:
 
     Operand operand(std::string_view token) const;
     Variant evaluate(const Operand& op) const;
-    headless::Site& site(std::u16string_view name) const;
-    headless::Site* findSite(std::u16string_view name) const;
+    headless::Site& site(const ControlName& name) const;
+    headless::Site* findSite(const ControlName& name) const;
     void print(const std::string& line);
 
     // HostObserver
