@@ -305,10 +305,11 @@ struct Interpreter::Commands {
         const std::u16string className = fromUtf8(t[1]);
         const ControlName name = controlName(t[2]);
         if (c.word == "load") {
-            in.pending_.emplace();
-            in.pending_->className = className;
-            in.pending_->name = name;
-            in.pending_->line = in.lineNumber_;
+            PendingLoad load;
+            load.className = className;
+            load.name = name;
+            load.line = in.lineNumber_;
+            in.pending_ = std::move(load);
             return;
         }
         in.execute([&] { in.form_.add(publicClass(className), name.name, name.index); });
@@ -338,7 +339,9 @@ struct Interpreter::Commands {
 
     static void getOrCall(Interpreter& in, const Tokens& t, const Command& c) {
         const bool isGet = c.word == "get";
-        const auto [name, member] = memberTarget(t[1]);
+        const auto target = memberTarget(t[1]);
+        const ControlName& name = target.first;
+        const std::u16string& member = target.second;
         std::vector<Operand> args;
         for (std::size_t i = 2; i < t.size(); ++i) args.push_back(in.operand(t[i]));
         in.execute([&] {
@@ -362,7 +365,9 @@ struct Interpreter::Commands {
 
     static void set(Interpreter& in, const Tokens& t, const Command& c) {
         if (t[t.size() - 2] != "=") throw ParseError{"usage: " + std::string(c.usage)};
-        const auto [name, member] = memberTarget(t[1]);
+        const auto target = memberTarget(t[1]);
+        const ControlName& name = target.first;
+        const std::u16string& member = target.second;
         std::vector<Operand> args;
         for (std::size_t i = 2; i + 2 < t.size(); ++i) args.push_back(in.operand(t[i]));
         const Operand value = in.operand(t.back());
