@@ -19,7 +19,7 @@ bool same(const corvex::FormDocument& a, const corvex::FormDocument& b) {
     for (std::size_t i = 0; i < a.controls.size(); ++i) {
         const corvex::SavedControl& x = a.controls[i];
         const corvex::SavedControl& y = b.controls[i];
-        if (x.className != y.className || x.name != y.name ||
+        if (x.className != y.className || x.name != y.name || x.index != y.index ||
             x.properties.size() != y.properties.size()) {
             return false;
         }

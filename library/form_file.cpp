@@ -5,6 +5,8 @@
 #include <cstdint>
 #include <limits>
 #include <optional>
+#include <unordered_map>
+#include <unordered_set>
 
 #include "corvex/common/font.h"
 #include "corvex/common/text.h"
@@ -18,6 +20,11 @@ namespace {
 // longer one is refused whole rather than read into memory piece by piece, and the
 // writer refuses to write one, so that whatever it writes reads back.
 constexpr std::size_t kMaxLineBytes = 1u << 20;
+
+// What a reader accepts at most, so that a hostile file costs bounded time and memory.
+constexpr std::size_t kMaxFileBytes = std::size_t{64} << 20;
+constexpr std::size_t kMaxControls = 65536;
+constexpr std::size_t kMaxProperties = 65536;
 
 constexpr std::string_view kHeaderWord = "CorvexForm";
 constexpr std::string_view kVersion = "1";
@@ -426,8 +433,18 @@ std::vector<Line> splitLines(std::string_view text) {
         if (last) end = text.size();
         std::string_view line = text.substr(pos, end - pos);
         if (line.ends_with('\r')) line.remove_suffix(1);
+        // Old Mac files end their lines with CR alone, so the whole file reads as one
+        // line; looking for a CR within the line limit names that fault, however long.
+        const std::string_view head = line.substr(0, kMaxLineBytes + 1);
+        if (head.find('\r') != std::string_view::npos) {
+            fail(number, "a line ends with CR alone: form files end their lines with LF or CR LF");
+        }
         if (line.size() > kMaxLineBytes) {
             fail(number, "line is longer than " + std::to_string(kMaxLineBytes) + " bytes");
+        }
+        if (end > kMaxFileBytes) {
+            fail(number,
+                 "form file is larger than " + std::to_string(kMaxFileBytes >> 20) + " MiB");
         }
         lines.push_back({line, number});
         pos = last ? text.size() : end + 1;
@@ -441,10 +458,53 @@ bool isIgnored(std::string_view line) {
     return i == line.size() || line[i] == '#';
 }
 
+// NAME or NAME(INDEX), INDEX 0 to 32767 in decimal, the way a control array's element is
+// named; false when text is neither.
+bool splitControlName(std::string_view text, std::string_view& name, std::int16_t& index) {
+    const std::size_t open = text.find('(');
+    if (open == std::string_view::npos) {
+        name = text;
+        index = NoIndex;
+        return isName(text);
+    }
+    if (!text.ends_with(')')) return false;
+    name = text.substr(0, open);
+    const std::string_view digits = text.substr(open + 1, text.size() - open - 2);
+    if (!isName(name) || digits.empty() || digits.size() > 5) return false;
+    int value = 0;
+    for (char c : digits) {
+        if (!isDigit(c)) return false;
+        value = value * 10 + (c - '0');
+    }
+    if (value > 32767 || (digits.size() > 1 && digits[0] == '0')) return false;
+    index = static_cast<std::int16_t>(value);
+    return true;
+}
+
+// The controls of one document by the forms' one rule: names without regard to ASCII
+// case, and a name either one control or an array of distinct indices. Hashing keeps a
+// form of many controls linear.
+class ControlNames {
+public:
+    // Whether name can join those seen so far; remembers it when it can.
+    bool take(const std::u16string& name, std::int16_t index) {
+        const std::u16string folded = foldName(name);
+        const auto [kind, fresh] = arrays_.emplace(folded, index != NoIndex);
+        if (!fresh && kind->second != (index != NoIndex)) return false;
+        return taken_.insert(ControlName{folded, index}.text()).second;
+    }
+
+private:
+    std::unordered_map<std::u16string, bool> arrays_;
+    std::unordered_set<std::u16string> taken_;
+};
+
 }  // namespace
 
 FormFileError::FormFileError(int line, const std::string& message)
-    : std::runtime_error("line " + std::to_string(line) + ": " + message), line_(line) {}
+    : std::runtime_error("line " + std::to_string(line) + ": " + message),
+      line_(line),
+      message_(message) {}
 
 FormDocument parseFormFile(std::string_view utf8) {
     const std::vector<Line> lines = splitLines(utf8);
@@ -454,6 +514,8 @@ FormDocument parseFormFile(std::string_view utf8) {
     State state = State::Header;
     FormDocument doc;
     bool captionSeen = false;
+    ControlNames controlNames;
+    std::unordered_set<std::u16string> propertyNames;  // folded, of the current control
     int formLine = 0;
     int controlLine = 0;
 
@@ -500,13 +562,26 @@ FormDocument parseFormFile(std::string_view utf8) {
                     SavedControl c;
                     c.className = fromUtf8(r.name("class name"));
                     r.expectSeparator();
-                    c.name = fromUtf8(r.name("control name"));
-                    r.expectEnd();
-                    for (const SavedControl& other : doc.controls) {
-                        if (equalsIgnoringCase(other.name, c.name)) {
-                            fail(line.number, "duplicate control name " + toUtf8(c.name));
-                        }
+                    r.skipBlanks();
+                    const std::string_view token = r.token();
+                    std::string_view name;
+                    if (token.empty()) fail(line.number, "missing control name");
+                    if (!splitControlName(token, name, c.index)) {
+                        fail(line.number, "bad control name \"" + LineReader::shorten(token) +
+                                              "\": use letters, digits and underscores, and "
+                                              "(INDEX) from 0 to 32767 for an array element");
                     }
+                    c.name = fromUtf8(name);
+                    r.expectEnd();
+                    if (doc.controls.size() == kMaxControls) {
+                        fail(line.number, "a form file holds at most " +
+                                              std::to_string(kMaxControls) + " controls");
+                    }
+                    if (!controlNames.take(c.name, c.index)) {
+                        fail(line.number, "duplicate control name " +
+                                              toUtf8(ControlName{c.name, c.index}.text()));
+                    }
+                    propertyNames.clear();
                     doc.controls.push_back(std::move(c));
                     controlLine = line.number;
                     state = State::InControl;
@@ -549,11 +624,13 @@ FormDocument parseFormFile(std::string_view utf8) {
                 }
                 p.expect('=', "after property name " + std::string(word));
                 const std::u16string name = fromUtf8(word);
-                for (const auto& e : c.properties) {
-                    if (equalsIgnoringCase(e.first, name)) {
-                        fail(line.number,
-                             "duplicate property " + std::string(word) + " in " + toUtf8(c.name));
-                    }
+                if (!propertyNames.insert(foldName(name)).second) {
+                    fail(line.number, "duplicate property " + std::string(word) + " in " +
+                                          toUtf8(ControlName{c.name, c.index}.text()));
+                }
+                if (c.properties.size() == kMaxProperties) {
+                    fail(line.number, "a control holds at most " + std::to_string(kMaxProperties) +
+                                          " properties in a form file");
                 }
                 c.properties.emplace_back(name, readValue(p));
                 break;
@@ -571,8 +648,11 @@ FormDocument parseFormFile(std::string_view utf8) {
         case State::InForm:
             fail(formLine, "Begin Form " + toUtf8(doc.name) + " has no End");
         case State::InControl:
-            fail(controlLine, "Begin " + toUtf8(doc.controls.back().className) + " " +
-                                  toUtf8(doc.controls.back().name) + " has no End");
+            fail(controlLine,
+                 "Begin " + toUtf8(doc.controls.back().className) + " " +
+                     toUtf8(
+                         ControlName{doc.controls.back().name, doc.controls.back().index}.text()) +
+                     " has no End");
         case State::Done:
             break;
     }
@@ -583,65 +663,76 @@ std::string writeFormFile(const FormDocument& form) {
     std::string out;
     int line = 0;
     std::size_t lineStart = 0;
+    // What the line being written holds, for an error about it ("property Text of txtMemo").
+    std::string what;
     const auto endLine = [&]() {
         if (out.size() - lineStart > kMaxLineBytes) {
-            fail(line,
-                 "cannot write a line longer than " + std::to_string(kMaxLineBytes) + " bytes");
+            fail(line, "cannot write " + what + ": its line would be longer than " +
+                           std::to_string(kMaxLineBytes) + " bytes");
         }
         out += '\n';
         lineStart = out.size();
     };
-    const auto begin = [&]() {
+    const auto begin = [&](std::string description) {
         ++line;
         lineStart = out.size();
+        what = std::move(description);
     };
-    const auto checkName = [&](std::u16string_view name, const char* what) {
+    const auto checkName = [&](std::u16string_view name, const char* kind) {
         const std::string n = toUtf8(name);
         if (!isName(n)) {
-            fail(line, std::string("cannot write ") + what + " \"" + LineReader::shorten(n) +
+            fail(line, std::string("cannot write ") + kind + " \"" + LineReader::shorten(n) +
                            "\": use letters, digits and underscores");
         }
         return n;
     };
 
-    begin();
+    begin("the header");
     out += std::string(kHeaderWord) + " " + std::string(kVersion);
     endLine();
-    begin();
+    begin("the form's name");
     out += "Begin Form " + checkName(form.name, "form name");
     endLine();
-    begin();
+    begin("the form's Caption");
     out += "  Caption = " + quoteString(form.caption);
     endLine();
-    for (std::size_t i = 0; i < form.controls.size(); ++i) {
-        const SavedControl& c = form.controls[i];
-        begin();
-        for (std::size_t j = 0; j < i; ++j) {
-            if (equalsIgnoringCase(form.controls[j].name, c.name)) {
-                fail(line, "cannot write two controls named " + toUtf8(c.name));
-            }
+    ControlNames controlNames;
+    std::unordered_set<std::u16string> propertyNames;
+    for (const SavedControl& c : form.controls) {
+        const std::string control = toUtf8(ControlName{c.name, c.index}.text());
+        begin("control " + control);
+        if (c.index < NoIndex) {
+            fail(line, "cannot write control " + control + ": an index runs from 0 to 32767");
         }
-        out += "  Begin " + checkName(c.className, "class name") + " " +
-               checkName(c.name, "control name");
+        const std::string className = checkName(c.className, "class name");
+        const std::string name = checkName(c.name, "control name");
+        if (!controlNames.take(c.name, c.index)) {
+            fail(line, "cannot write two controls named " + control);
+        }
+        out += "  Begin " + className + " " + name;
+        if (c.index != NoIndex) out += "(" + std::to_string(c.index) + ")";
         endLine();
-        for (std::size_t k = 0; k < c.properties.size(); ++k) {
-            const auto& [name, value] = c.properties[k];
-            begin();
-            for (std::size_t j = 0; j < k; ++j) {
-                if (equalsIgnoringCase(c.properties[j].first, name)) {
-                    fail(line,
-                         "cannot write property " + toUtf8(name) + " twice in " + toUtf8(c.name));
-                }
+        propertyNames.clear();
+        for (const auto& [property, value] : c.properties) {
+            const std::string p = toUtf8(property);
+            begin("property " + p + " of control " + control);
+            if (!propertyNames.insert(foldName(property)).second) {
+                fail(line, "cannot write property " + p + " twice in " + control);
             }
-            out += "    " + checkName(name, "property name") + " = ";
-            writeValue(out, value, line);
+            out += "    " + checkName(property, "property name") + " = ";
+            try {
+                writeValue(out, value, line);
+            } catch (const FormFileError& e) {
+                fail(line,
+                     "cannot write property " + p + " of control " + control + ": " + e.message());
+            }
             endLine();
         }
-        begin();
+        begin("the End of control " + control);
         out += "  End";
         endLine();
     }
-    begin();
+    begin("the form's End");
     out += "End";
     endLine();
     return out;

@@ -479,27 +479,17 @@ bool GalleryWindow::loadValues() {
 }
 
 void GalleryWindow::storeAll() {
-    for (QtControlHost* h : d->form->hosts()) {
-        if (!h->classInfo().member(u"Store")) continue;
-        try {
-            invoke(*h->object(), u"Store", CallKind::Method);
-            log(h->objectName() + QStringLiteral(".Store"));
-        } catch (const Error& e) {
-            log(h->objectName() + QStringLiteral(".Store: ") + whatOf(e));
-        }
-    }
+    d->form->model().callEach(u"Store", [this](const ControlName& name, const Error* e) {
+        log(toQString(name.text()) + QStringLiteral(".Store") +
+            (e ? QStringLiteral(": ") + whatOf(*e) : QString()));
+    });
 }
 
 void GalleryWindow::restoreAll() {
-    for (QtControlHost* h : d->form->hosts()) {
-        if (!h->classInfo().member(u"Restore")) continue;
-        try {
-            invoke(*h->object(), u"Restore", CallKind::Method);
-            log(h->objectName() + QStringLiteral(".Restore"));
-        } catch (const Error& e) {
-            log(h->objectName() + QStringLiteral(".Restore: ") + whatOf(e));
-        }
-    }
+    d->form->model().callEach(u"Restore", [this](const ControlName& name, const Error* e) {
+        log(toQString(name.text()) + QStringLiteral(".Restore") +
+            (e ? QStringLiteral(": ") + whatOf(*e) : QString()));
+    });
     d->values->setText(valuesText());
 }
 

@@ -2,6 +2,7 @@
 
 #include <istream>
 #include <ostream>
+#include <span>
 #include <sstream>
 
 #include "corvex/common/error.h"
@@ -66,27 +67,49 @@ std::string shown(std::string_view token) {
     return out;
 }
 
-// A control name as a command gives it: a name that is no literal word.
-std::u16string controlName(std::string_view token) {
-    if (!isName(token)) throw ParseError{"expected a control name, found " + shown(token)};
-    if (isLiteralWord(token)) throw ParseError{shown(token) + " is a literal, not a control name"};
-    return fromUtf8(token);
+// A diagnostic quotes at most a short piece of what it read: a message about a line of a
+// megabyte is still one short line. The cut keeps whole UTF-8 characters.
+std::string clipped(const std::string& message) {
+    constexpr std::size_t limit = 200;
+    if (message.size() <= limit) return message;
+    std::size_t cut = limit;
+    while (cut > 0 && (static_cast<unsigned char>(message[cut]) & 0xC0) == 0x80) --cut;
+    return message.substr(0, cut) + "...";
+}
+
+// A control name as a command gives it: a name that is no literal word, or NAME(I) for
+// element I (0 to 32767) of a control array.
+ControlName controlName(std::string_view token) {
+    std::string_view name = token;
+    std::int16_t index = NoIndex;
+    const std::size_t open = token.find('(');
+    if (open != std::string_view::npos && token.ends_with(')')) {
+        name = token.substr(0, open);
+        const std::string_view digits = token.substr(open + 1, token.size() - open - 2);
+        int value = 0;
+        bool ok = !digits.empty() && digits.size() <= 5;
+        for (char c : digits) {
+            ok = ok && c >= '0' && c <= '9';
+            value = value * 10 + (c - '0');
+        }
+        if (!ok || value > 32767) {
+            throw ParseError{"the index of " + shown(token) +
+                             " must be a whole number from 0 to 32767"};
+        }
+        index = static_cast<std::int16_t>(value);
+    }
+    if (!isName(name)) throw ParseError{"expected a control name, found " + shown(token)};
+    if (isLiteralWord(name)) throw ParseError{shown(name) + " is a literal, not a control name"};
+    return {fromUtf8(name), index};
 }
 
 // NAME.MEMBER
-std::pair<std::u16string, std::u16string> memberTarget(std::string_view token) {
+std::pair<ControlName, std::u16string> memberTarget(std::string_view token) {
     const std::size_t dot = token.find('.');
     if (dot == std::string_view::npos || !isName(token.substr(dot + 1))) {
         throw ParseError{"expected NAME.MEMBER, found " + shown(token)};
     }
     return {controlName(token.substr(0, dot)), fromUtf8(token.substr(dot + 1))};
-}
-
-void expectCount(const std::vector<std::string_view>& tokens, std::size_t least, std::size_t most,
-                 const char* usage) {
-    if (tokens.size() < least || tokens.size() > most) {
-        throw ParseError{std::string("usage: ") + usage};
-    }
 }
 
 std::string errorLine(std::int32_t number, std::u16string_view description) {
@@ -126,16 +149,19 @@ void Interpreter::execute(F&& action) {
     }
 }
 
-headless::Site* Interpreter::findSite(std::u16string_view name) const {
-    for (headless::Site* s : form_.sites()) {
-        if (equalsIgnoringCase(s->name(), name)) return s;
-    }
-    return nullptr;
+headless::Site* Interpreter::findSite(const ControlName& name) const {
+    return form_.find(name.name, name.index);
 }
 
-headless::Site& Interpreter::site(std::u16string_view name) const {
+headless::Site& Interpreter::site(const ControlName& name) const {
     headless::Site* s = findSite(name);
-    if (!s) throw Error(err::ObjectRequired);
+    if (!s) {
+        // An array named without the element it lacks is the host's missing-element error.
+        if (name.index != NoIndex && form_.model().isArray(name.name)) {
+            throw Error(err::ControlArrayElementMissing);
+        }
+        throw Error(err::ObjectRequired);
+    }
     return *s;
 }
 
@@ -156,12 +182,14 @@ Interpreter::Operand Interpreter::operand(std::string_view token) const {
 
 Variant Interpreter::evaluate(const Operand& op) const {
     if (!op.isName) return op.value;
-    return Variant(ObjectRef(site(op.name).controlRef()));
+    return Variant(ObjectRef(site({op.name, NoIndex}).controlRef()));
 }
 
 Interpreter::Status Interpreter::feedLine(std::string_view line) {
     if (stopped_) return Status::ParseError;
     ++lineNumber_;
+    // A byte-order mark some editors put first carries no meaning.
+    if (lineNumber_ == 1 && line.starts_with("\xEF\xBB\xBF")) line.remove_prefix(3);
     if (line.ends_with('\r')) line.remove_suffix(1);
     std::size_t i = 0;
     while (i < line.size() && isBlank(line[i])) ++i;
@@ -169,7 +197,7 @@ Interpreter::Status Interpreter::feedLine(std::string_view line) {
     try {
         parseAndRun(line);
     } catch (const ParseError& e) {
-        diagnostics_ << "line " << lineNumber_ << ": " << e.message << '\n';
+        diagnostics_ << "line " << lineNumber_ << ": " << clipped(e.message) << '\n';
         stopped_ = true;
         return Status::ParseError;
     }
@@ -179,8 +207,10 @@ Interpreter::Status Interpreter::feedLine(std::string_view line) {
 Interpreter::Status Interpreter::finish() {
     if (stopped_) return Status::ParseError;
     if (pending_) {
-        diagnostics_ << "line " << pending_->line << ": load " << toUtf8(pending_->className) << " "
-                     << toUtf8(pending_->name) << " has no end line\n";
+        diagnostics_ << "line " << pending_->line << ": "
+                     << clipped("load " + toUtf8(pending_->className) + " " +
+                                toUtf8(pending_->name.text()) + " has no end line")
+                     << '\n';
         stopped_ = true;
         return Status::ParseError;
     }
@@ -199,13 +229,26 @@ int Interpreter::run(std::string_view text) {
 }
 
 int Interpreter::run(std::istream& in) {
+    // Output that cannot be written is a failure, not a run that printed nothing.
+    const auto written = [&] {
+        out_.flush();
+        if (out_) return true;
+        diagnostics_ << "corvex-script: cannot write the output\n";
+        return false;
+    };
     std::string line;
     while (std::getline(in, line)) {
         const Status s = feedLine(line);
-        out_.flush();
+        if (!written()) return ExitIoError;
         if (s != Status::Ok) return ExitParseError;
     }
-    return finish() == Status::Ok ? ExitOk : ExitParseError;
+    if (in.bad()) {
+        diagnostics_ << "corvex-script: cannot read the script\n";
+        return ExitIoError;
+    }
+    const Status s = finish();
+    if (!written()) return ExitIoError;
+    return s == Status::Ok ? ExitOk : ExitParseError;
 }
 
 void Interpreter::parseLoadLine(const std::vector<std::string_view>& tokens) {
@@ -216,165 +259,162 @@ void Interpreter::parseLoadLine(const std::vector<std::string_view>& tokens) {
         return;
     }
     if (tokens.size() != 3 || tokens[1] != "=" || !isName(tokens[0])) {
-        throw ParseError{"expected PROP = LITERAL or end inside load " + toUtf8(pending_->name)};
+        throw ParseError{"expected PROP = LITERAL or end inside load " +
+                         toUtf8(pending_->name.text())};
     }
     Operand value = operand(tokens[2]);
     const std::u16string name = fromUtf8(tokens[0]);
     // A second line for a name replaces the first in place, as a bag write does.
-    for (auto& e : pending_->entries) {
-        if (equalsIgnoringCase(e.first, name)) {
-            e.second = std::move(value);
-            return;
-        }
+    const auto [at, fresh] = pending_->positions.emplace(foldName(name), pending_->entries.size());
+    if (!fresh) {
+        pending_->entries[at->second].second = std::move(value);
+        return;
     }
     pending_->entries.emplace_back(name, std::move(value));
 }
 
-void Interpreter::runLoad(const PendingLoad& load) {
-    execute([&] {
-        std::vector<MemoryBag::Entry> entries;
-        for (const auto& [name, op] : load.entries) entries.emplace_back(name, evaluate(op));
-        const ClassInfo* cls = findClass(load.className);
-        if (!cls) throw Error(err::MemberNotFound, load.className + u" is not a public class");
-        if (findSite(load.name)) {
-            throw Error(err::WrongArguments,
-                        u"A control named " + load.name + u" is already on the form");
-        }
-        MemoryBag bag(std::move(entries));
-        form_.load(*cls, load.name, bag);
-    });
-}
+// --- commands ------------------------------------------------------------------------
 
-void Interpreter::parseAndRun(std::string_view line) {
-    const std::vector<std::string_view> t = tokenize(line);
-    if (pending_) {
-        parseLoadLine(t);
-        return;
+// One command of the protocol: its word, its usage, how many tokens it takes (the word
+// included) and what it does. The handlers parse their tokens first (a ParseError stops
+// the script) and then run inside execute (a runtime error prints an error line).
+struct Interpreter::Command {
+    using Tokens = std::vector<std::string_view>;
+    std::string_view word;
+    std::string_view usage;
+    std::size_t least;
+    std::size_t most;
+    void (*handler)(Interpreter&, const Tokens&, const Command&);
+};
+
+struct Interpreter::Commands {
+    using Tokens = Command::Tokens;
+
+    static void locale(Interpreter& in, const Tokens& t, const Command&) {
+        const Operand id = in.operand(t[1]);
+        in.execute([&] { in.host_.setLocaleId(in.evaluate(id).toLong()); });
     }
-    const std::string_view cmd = t[0];
 
-    if (isWord(cmd, "locale")) {
-        expectCount(t, 2, 2, "locale N");
-        const Operand id = operand(t[1]);
-        execute([&] { host_.setLocaleId(evaluate(id).toLong()); });
-    } else if (isWord(cmd, "usermode")) {
-        expectCount(t, 2, 2, "usermode True|False");
-        const Operand mode = operand(t[1]);
-        execute([&] { host_.setUserMode(static_cast<bool>(evaluate(mode).toBoolean())); });
-    } else if (isWord(cmd, "new") || isWord(cmd, "load")) {
-        const bool isNew = isWord(cmd, "new");
-        expectCount(t, 3, 3, isNew ? "new CLASS NAME" : "load CLASS NAME");
+    static void userMode(Interpreter& in, const Tokens& t, const Command&) {
+        const Operand mode = in.operand(t[1]);
+        in.execute([&] { in.host_.setUserMode(static_cast<bool>(in.evaluate(mode).toBoolean())); });
+    }
+
+    static void place(Interpreter& in, const Tokens& t, const Command& c) {
         if (!isName(t[1])) throw ParseError{"expected a class name, found " + shown(t[1])};
         const std::u16string className = fromUtf8(t[1]);
-        const std::u16string name = controlName(t[2]);
-        if (!isNew) {
-            pending_ = PendingLoad{className, name, lineNumber_, {}};
+        const ControlName name = controlName(t[2]);
+        if (c.word == "load") {
+            PendingLoad load;
+            load.className = className;
+            load.name = name;
+            load.line = in.lineNumber_;
+            in.pending_ = std::move(load);
             return;
         }
-        execute([&] {
-            const ClassInfo* cls = findClass(className);
-            if (!cls) throw Error(err::MemberNotFound, className + u" is not a public class");
-            if (findSite(name)) {
-                throw Error(err::WrongArguments,
-                            u"A control named " + name + u" is already on the form");
-            }
-            form_.add(*cls, name);
-        });
-    } else if (isWord(cmd, "end")) {
+        in.execute([&] { in.form_.add(publicClass(className), name.name, name.index); });
+    }
+
+    static void end(Interpreter&, const Tokens&, const Command&) {
         throw ParseError{"end without load"};
-    } else if (isWord(cmd, "save")) {
-        expectCount(t, 2, 2, "save NAME");
-        const std::u16string name = controlName(t[1]);
-        execute([&] {
-            headless::Site& s = site(name);
+    }
+
+    static void unload(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        in.execute([&] { in.form_.remove(name.name, name.index); });
+    }
+
+    static void save(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        in.execute([&] {
+            headless::Site& s = in.site(name);
             MemoryBag bag;
             s.control().writeProperties(bag);
             for (const auto& [prop, value] : bag.entries()) {
-                print("bag " + toUtf8(s.name()) + "." + toUtf8(prop) + " = " +
-                      typeWord(value.type()) + " " + formatValue(value));
+                in.print("bag " + toUtf8(s.displayName()) + "." + toUtf8(prop) + " = " +
+                         typeWord(value.type()) + " " + formatValue(value));
             }
         });
-    } else if (isWord(cmd, "get") || isWord(cmd, "call")) {
-        const bool isGet = isWord(cmd, "get");
-        if (t.size() < 2)
-            throw ParseError{isGet ? "usage: get NAME.MEMBER [ARG ...]"
-                                   : "usage: call NAME.METHOD [ARG ...]"};
+    }
+
+    static void getOrCall(Interpreter& in, const Tokens& t, const Command& c) {
+        const bool isGet = c.word == "get";
         const auto target = memberTarget(t[1]);
-        const std::u16string& name = target.first;
+        const ControlName& name = target.first;
         const std::u16string& member = target.second;
         std::vector<Operand> args;
-        for (std::size_t i = 2; i < t.size(); ++i) args.push_back(operand(t[i]));
-        execute([&] {
-            Object& object = site(name).control();
+        for (std::size_t i = 2; i < t.size(); ++i) args.push_back(in.operand(t[i]));
+        in.execute([&] {
+            Object& object = in.site(name).control();
+            object.checkAvailable();
+            const MemberInfo* m = object.classInfo().member(member);
+            // A get reads a property: a method is called only by call, never as a side
+            // effect of reading.
+            if (isGet && m && m->isMethod) {
+                throw Error(err::MemberNotFound, member + u" is a method: use call, not get");
+            }
             std::vector<Variant> values;
-            for (const Operand& a : args) values.push_back(evaluate(a));
+            for (const Operand& a : args) values.push_back(in.evaluate(a));
             const Variant result =
                 invoke(object, member, isGet ? CallKind::Get : CallKind::Method, values);
             // A call prints only what a method returns: nothing for one that returns nothing.
-            if (!isGet && result.isEmpty()) {
-                const MemberInfo* m = object.classInfo().member(member);
-                if (!m || m->type == VarType::Empty) return;
-            }
-            print("= " + typeWord(result.type()) + " " + formatValue(result));
+            if (!isGet && result.isEmpty() && (!m || m->type == VarType::Empty)) return;
+            in.print("= " + typeWord(result.type()) + " " + formatValue(result));
         });
-    } else if (isWord(cmd, "set")) {
-        if (t.size() < 4 || t[t.size() - 2] != "=") {
-            throw ParseError{"usage: set NAME.MEMBER [ARG ...] = LITERAL"};
-        }
+    }
+
+    static void set(Interpreter& in, const Tokens& t, const Command& c) {
+        if (t[t.size() - 2] != "=") throw ParseError{"usage: " + std::string(c.usage)};
         const auto target = memberTarget(t[1]);
-        const std::u16string& name = target.first;
+        const ControlName& name = target.first;
         const std::u16string& member = target.second;
         std::vector<Operand> args;
-        for (std::size_t i = 2; i + 2 < t.size(); ++i) args.push_back(operand(t[i]));
-        const Operand value = operand(t.back());
-        execute([&] {
-            Object& object = site(name).control();
+        for (std::size_t i = 2; i + 2 < t.size(); ++i) args.push_back(in.operand(t[i]));
+        const Operand value = in.operand(t.back());
+        in.execute([&] {
+            Object& object = in.site(name).control();
             std::vector<Variant> values;
-            for (const Operand& a : args) values.push_back(evaluate(a));
-            const Variant v = evaluate(value);
+            for (const Operand& a : args) values.push_back(in.evaluate(a));
+            const Variant v = in.evaluate(value);
             invoke(object, member, v.type() == VarType::Object ? CallKind::Set : CallKind::Let,
                    values, v);
         });
-    } else if (isWord(cmd, "type")) {
-        expectCount(t, 3, 3, "type NAME \"TEXT\"");
-        const std::u16string name = controlName(t[1]);
-        const Operand text = operand(t[2]);
-        execute([&] {
-            headless::Site& s = site(name);
-            const std::u16string chars = evaluate(text).toString();
-            headless::HeadlessWidget* w = s.keyTarget();
-            if (!w)
-                throw Error(err::MemberNotFound,
-                            s.name() + u" has no inner widget that takes keys");
-            for (char16_t c : chars) w->type(c);
+    }
+
+    static void type(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        const Operand text = in.operand(t[2]);
+        in.execute([&] {
+            headless::Site& s = in.site(name);
+            const std::u16string chars = in.evaluate(text).toString();
+            headless::HeadlessWidget* w = keyTarget(s);
+            for (char16_t ch : chars) w->type(ch);
         });
-    } else if (isWord(cmd, "key")) {
-        expectCount(t, 3, 4, "key NAME CODE [SHIFT]");
-        const std::u16string name = controlName(t[1]);
-        const Operand code = operand(t[2]);
+    }
+
+    static void key(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        const Operand code = in.operand(t[2]);
         const std::optional<Operand> shift =
-            t.size() > 3 ? std::optional(operand(t[3])) : std::nullopt;
-        execute([&] {
-            headless::Site& s = site(name);
-            const std::int16_t k = evaluate(code).toInteger();
-            const std::int16_t sh = shift ? evaluate(*shift).toInteger() : std::int16_t{0};
-            headless::HeadlessWidget* w = s.keyTarget();
-            if (!w)
-                throw Error(err::MemberNotFound,
-                            s.name() + u" has no inner widget that takes keys");
-            w->pressKey(k, sh);
+            t.size() > 3 ? std::optional(in.operand(t[3])) : std::nullopt;
+        in.execute([&] {
+            headless::Site& s = in.site(name);
+            const std::int16_t k = in.evaluate(code).toInteger();
+            const std::int16_t sh = shift ? in.evaluate(*shift).toInteger() : std::int16_t{0};
+            keyTarget(s)->pressKey(k, sh);
         });
-    } else if (isWord(cmd, "caret")) {
-        expectCount(t, 3, 4, "caret NAME START [LENGTH]");
-        const std::u16string name = controlName(t[1]);
-        const Operand start = operand(t[2]);
+    }
+
+    static void caret(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        const Operand start = in.operand(t[2]);
         const std::optional<Operand> length =
-            t.size() > 3 ? std::optional(operand(t[3])) : std::nullopt;
-        execute([&] {
-            headless::Site& s = site(name);
-            const std::int32_t st = evaluate(start).toLong();
+            t.size() > 3 ? std::optional(in.operand(t[3])) : std::nullopt;
+        in.execute([&] {
+            headless::Site& s = in.site(name);
+            const std::int32_t st = in.evaluate(start).toLong();
             const std::optional<std::int32_t> len =
-                length ? std::optional(evaluate(*length).toLong()) : std::nullopt;
+                length ? std::optional(in.evaluate(*length).toLong()) : std::nullopt;
             auto* box = dynamic_cast<headless::HeadlessTextBox*>(s.keyTarget());
             if (!box) {
                 for (headless::HeadlessWidget* w : s.widgetList()) {
@@ -382,36 +422,40 @@ void Interpreter::parseAndRun(std::string_view line) {
                     if (box) break;
                 }
             }
-            if (!box) throw Error(err::MemberNotFound, s.name() + u" has no inner text box");
+            if (!box) {
+                throw Error(err::MemberNotFound, s.displayName() + u" has no inner text box");
+            }
             box->setSelStart(st);
             if (len) box->setSelLength(*len);
         });
-    } else if (isWord(cmd, "focus") || isWord(cmd, "blur")) {
-        const bool give = isWord(cmd, "focus");
-        expectCount(t, 2, 2, give ? "focus NAME" : "blur NAME");
-        const std::u16string name = controlName(t[1]);
-        execute([&] {
-            headless::Site& s = site(name);
-            headless::HeadlessWidget* focused = form_.focused();
+    }
+
+    static void focus(Interpreter& in, const Tokens& t, const Command& c) {
+        const bool give = c.word == "focus";
+        const ControlName name = controlName(t[1]);
+        in.execute([&] {
+            headless::Site& s = in.site(name);
+            headless::HeadlessWidget* focused = in.form_.focused();
             const bool inside = focused && &focused->site() == &s;
             if (give) {
                 if (inside) return;
                 // The focus goes where a user's Tab would put it: the first widget that takes it.
                 for (headless::HeadlessWidget* w : s.widgetList()) {
                     if (w->visible() && w->enabled()) {
-                        form_.focus(w);
+                        in.form_.focus(w);
                         return;
                     }
                 }
             } else if (inside) {
-                form_.focus(nullptr);
+                in.form_.focus(nullptr);
             }
         });
-    } else if (isWord(cmd, "click")) {
-        expectCount(t, 2, 2, "click NAME | NAME.WIDGET | NAME.WIDGET(I)");
+    }
+
+    static void click(Interpreter& in, const Tokens& t, const Command&) {
         std::string_view target = t[1];
         const std::size_t dot = target.find('.');
-        const std::u16string name = controlName(target.substr(0, dot));
+        const ControlName name = controlName(target.substr(0, dot));
         std::optional<std::u16string> widgetName;
         std::int16_t index = -1;
         if (dot != std::string_view::npos) {
@@ -420,7 +464,7 @@ void Interpreter::parseAndRun(std::string_view line) {
             if (paren != std::string_view::npos) {
                 if (!rest.ends_with(')'))
                     throw ParseError{"expected NAME.WIDGET(I), found " + shown(target)};
-                const Operand i = operand(rest.substr(paren + 1, rest.size() - paren - 2));
+                const Operand i = in.operand(rest.substr(paren + 1, rest.size() - paren - 2));
                 if (i.isName || i.value.type() != VarType::Integer || i.value.asInteger() < 0) {
                     throw ParseError{"the element index of " + shown(target) +
                                      " must be a whole number from 0 to 32767"};
@@ -431,8 +475,8 @@ void Interpreter::parseAndRun(std::string_view line) {
             if (!isName(rest)) throw ParseError{"expected NAME.WIDGET, found " + shown(target)};
             widgetName = fromUtf8(rest);
         }
-        execute([&] {
-            headless::Site& s = site(name);
+        in.execute([&] {
+            headless::Site& s = in.site(name);
             if (!widgetName) {
                 if (headless::HeadlessWidget* w = firstVisible(s)) w->click();
                 return;
@@ -448,30 +492,100 @@ void Interpreter::parseAndRun(std::string_view line) {
             }
             if (nameSeen) throw Error(err::ControlArrayElementMissing);
             throw Error(err::MemberNotFound,
-                        s.name() + u" has no inner widget named " + *widgetName);
+                        s.displayName() + u" has no inner widget named " + *widgetName);
         });
-    } else if (isWord(cmd, "resize")) {
-        expectCount(t, 4, 4, "resize NAME WIDTH HEIGHT");
-        const std::u16string name = controlName(t[1]);
-        const Operand width = operand(t[2]);
-        const Operand height = operand(t[3]);
-        execute([&] {
-            headless::Site& s = site(name);
-            const float w = evaluate(width).toSingle();
-            const float h = evaluate(height).toSingle();
+    }
+
+    static void resize(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        const Operand width = in.operand(t[2]);
+        const Operand height = in.operand(t[3]);
+        in.execute([&] {
+            headless::Site& s = in.site(name);
+            const float w = in.evaluate(width).toSingle();
+            const float h = in.evaluate(height).toSingle();
             s.resizeTo(w, h);
         });
-    } else if (isWord(cmd, "answer")) {
-        expectCount(t, 2, 2, "answer N");
-        const Operand answer = operand(t[1]);
-        execute([&] { host_.queueAnswer(evaluate(answer).toLong()); });
-    } else if (isWord(cmd, "clipboard")) {
-        expectCount(t, 2, 2, "clipboard \"TEXT\"");
-        const Operand text = operand(t[1]);
-        execute([&] { host_.setText(evaluate(text).toString()); });
-    } else {
-        throw ParseError{"unknown command " + shown(cmd)};
     }
+
+    static void answer(Interpreter& in, const Tokens& t, const Command&) {
+        const Operand answer = in.operand(t[1]);
+        in.execute([&] { in.host_.queueAnswer(in.evaluate(answer).toLong()); });
+    }
+
+    static void clipboard(Interpreter& in, const Tokens& t, const Command&) {
+        const Operand text = in.operand(t[1]);
+        in.execute([&] { in.host_.setText(in.evaluate(text).toString()); });
+    }
+
+    static const ClassInfo& publicClass(const std::u16string& className) {
+        const ClassInfo* cls = findClass(className);
+        if (!cls) throw Error(err::MemberNotFound, className + u" is not a public class");
+        return *cls;
+    }
+
+    static headless::HeadlessWidget* keyTarget(headless::Site& s) {
+        headless::HeadlessWidget* w = s.keyTarget();
+        if (!w) {
+            throw Error(err::MemberNotFound,
+                        s.displayName() + u" has no inner widget that takes keys");
+        }
+        return w;
+    }
+
+    static std::span<const Command> table() {
+        constexpr std::size_t any = static_cast<std::size_t>(-1);
+        // clang-format off
+        static const Command commands[] = {
+            {"locale",    "locale N",                                   2, 2,    &Commands::locale},
+            {"usermode",  "usermode True|False",                        2, 2,    &Commands::userMode},
+            {"new",       "new CLASS NAME",                             3, 3,    &Commands::place},
+            {"load",      "load CLASS NAME",                            3, 3,    &Commands::place},
+            {"end",       "end",                                        1, any, &Commands::end},
+            {"unload",    "unload NAME",                                2, 2,    &Commands::unload},
+            {"save",      "save NAME",                                  2, 2,    &Commands::save},
+            {"get",       "get NAME.MEMBER [ARG ...]",                  2, any, &Commands::getOrCall},
+            {"call",      "call NAME.METHOD [ARG ...]",                 2, any, &Commands::getOrCall},
+            {"set",       "set NAME.MEMBER [ARG ...] = LITERAL",        4, any, &Commands::set},
+            {"type",      "type NAME \"TEXT\"",                         3, 3,    &Commands::type},
+            {"key",       "key NAME CODE [SHIFT]",                      3, 4,    &Commands::key},
+            {"caret",     "caret NAME START [LENGTH]",                  3, 4,    &Commands::caret},
+            {"focus",     "focus NAME",                                 2, 2,    &Commands::focus},
+            {"blur",      "blur NAME",                                  2, 2,    &Commands::focus},
+            {"click",     "click NAME | NAME.WIDGET | NAME.WIDGET(I)",  2, 2,    &Commands::click},
+            {"resize",    "resize NAME WIDTH HEIGHT",                   4, 4,    &Commands::resize},
+            {"answer",    "answer N",                                   2, 2,    &Commands::answer},
+            {"clipboard", "clipboard \"TEXT\"",                         2, 2,    &Commands::clipboard},
+        };
+        // clang-format on
+        return commands;
+    }
+};
+
+void Interpreter::runLoad(const PendingLoad& load) {
+    execute([&] {
+        std::vector<MemoryBag::Entry> entries;
+        for (const auto& [name, op] : load.entries) entries.emplace_back(name, evaluate(op));
+        MemoryBag bag(std::move(entries));
+        form_.load(Commands::publicClass(load.className), load.name.name, bag, load.name.index);
+    });
+}
+
+void Interpreter::parseAndRun(std::string_view line) {
+    const std::vector<std::string_view> t = tokenize(line);
+    if (pending_) {
+        parseLoadLine(t);
+        return;
+    }
+    for (const Command& c : Commands::table()) {
+        if (!isWord(t[0], c.word)) continue;
+        if (t.size() < c.least || t.size() > c.most) {
+            throw ParseError{"usage: " + std::string(c.usage)};
+        }
+        c.handler(*this, t, c);
+        return;
+    }
+    throw ParseError{"unknown command " + shown(t[0])};
 }
 
 void Interpreter::messageBoxShown(const MessageBoxRequest& request) {
@@ -481,7 +595,7 @@ void Interpreter::messageBoxShown(const MessageBoxRequest& request) {
 
 void Interpreter::eventRaised(headless::Site& site, const EventInfo& event,
                               std::span<const Variant> args) {
-    std::string line = "event " + toUtf8(site.name()) + "." + toUtf8(event.name) + "(";
+    std::string line = "event " + toUtf8(site.displayName()) + "." + toUtf8(event.name) + "(";
     for (std::size_t i = 0; i < args.size(); ++i) {
         if (i > 0) line += ", ";
         line += formatValue(args[i]);
@@ -490,11 +604,11 @@ void Interpreter::eventRaised(headless::Site& site, const EventInfo& event,
 }
 
 void Interpreter::propertyChanged(headless::Site& site, std::u16string_view name) {
-    print("changed " + toUtf8(site.name()) + "." + toUtf8(name));
+    print("changed " + toUtf8(site.displayName()) + "." + toUtf8(name));
 }
 
 void Interpreter::focusTaken(headless::Site& site) {
-    print("focus " + toUtf8(site.name()));
+    print("focus " + toUtf8(site.displayName()));
 }
 
 ScriptResult runScript(std::string_view text) {

@@ -1,5 +1,6 @@
 // corvex-script: runs a script of the script protocol (a file given as the argument, or
 // standard input) on a headless host and prints what happens, one line per happening.
+#include <filesystem>
 #include <fstream>
 #include <iostream>
 
@@ -13,10 +14,16 @@ int main(int argc, char** argv) {
     }
     corvex::script::Interpreter interpreter(std::cout, std::cerr);
     if (argc == 2) {
+        // A folder opens as a stream that reads nothing: it must not pass for an empty script.
+        std::error_code ec;
+        if (std::filesystem::is_directory(argv[1], ec)) {
+            std::cerr << "corvex-script: " << argv[1] << " is a folder, not a script\n";
+            return corvex::script::ExitIoError;
+        }
         std::ifstream file(argv[1], std::ios::binary);
         if (!file) {
             std::cerr << "corvex-script: cannot open " << argv[1] << "\n";
-            return 1;
+            return corvex::script::ExitIoError;
         }
         return interpreter.run(file);
     }

@@ -1,5 +1,7 @@
 #include "corvex/headless/form_loader.h"
 
+#include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "corvex/common/text.h"
@@ -12,23 +14,22 @@ void loadForm(const FormDocument& document, HeadlessForm& form) {
     // Everything that can be known before a control is created is checked first, so
     // that a document naming a class this library lacks leaves the form as it was.
     std::vector<const ClassInfo*> classes;
-    for (std::size_t i = 0; i < document.controls.size(); ++i) {
-        const SavedControl& c = document.controls[i];
+    classes.reserve(document.controls.size());
+    std::unordered_map<std::u16string, bool> seenArrays;  // folded name -> is an array
+    std::unordered_set<std::u16string> seen;              // folded name and index
+    for (const SavedControl& c : document.controls) {
         const ClassInfo* cls = findClass(c.className);
         if (!cls) {
-            throw Error(err::MemberNotFound,
-                        u"Control " + c.name + u": " + c.className + u" is not a public class");
+            throw Error(err::MemberNotFound, u"Control " + ControlName{c.name, c.index}.text() +
+                                                 u": " + c.className + u" is not a public class");
         }
-        for (const Site* s : form.sites()) {
-            if (equalsIgnoringCase(s->name(), c.name)) {
-                throw Error(err::WrongArguments,
-                            u"A control named " + c.name + u" is already on the form");
-            }
-        }
-        for (std::size_t j = 0; j < i; ++j) {
-            if (equalsIgnoringCase(document.controls[j].name, c.name)) {
-                throw Error(err::WrongArguments, u"The form holds two controls named " + c.name);
-            }
+        form.model().checkFree({c.name, c.index});
+        const std::u16string folded = foldName(c.name);
+        const auto [kind, fresh] = seenArrays.emplace(folded, c.index != NoIndex);
+        const std::u16string text = ControlName{c.name, c.index}.text();
+        if ((!fresh && kind->second != (c.index != NoIndex)) ||
+            !seen.insert(foldName(text)).second) {
+            throw Error(err::WrongArguments, u"The form holds two controls named " + text);
         }
         classes.push_back(cls);
     }
@@ -36,9 +37,12 @@ void loadForm(const FormDocument& document, HeadlessForm& form) {
         const SavedControl& c = document.controls[i];
         MemoryBag bag(c.properties);
         try {
-            form.load(*classes[i], c.name, bag);
+            form.load(*classes[i], c.name, bag, c.index);
         } catch (const Error& e) {
-            throw Error(e.number(), e.description() + u" (control " + c.name + u")", e.source());
+            throw Error(
+                e.number(),
+                e.description() + u" (control " + ControlName{c.name, c.index}.text() + u")",
+                e.source());
         }
     }
 }
@@ -50,7 +54,8 @@ FormDocument saveForm(const HeadlessForm& form, std::u16string name, std::u16str
     for (const Site* s : form.sites()) {
         MemoryBag bag;
         s->control().writeProperties(bag);
-        doc.controls.push_back({s->control().classInfo().name(), s->name(), bag.entries()});
+        doc.controls.push_back(
+            {s->control().classInfo().name(), s->name(), bag.entries(), s->index()});
     }
     return doc;
 }

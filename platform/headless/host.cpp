@@ -23,13 +23,13 @@ std::int32_t Host::messageBox(const MessageBoxRequest& request) {
 
 // --- site --------------------------------------------------------------------------
 
-Site::Site(Host& host, HeadlessForm& form, std::u16string name, float width, float height)
+Site::Site(Host& host, HeadlessForm& form, ControlName name, float width, float height)
     : host_(host), form_(form), name_(std::move(name)), width_(width), height_(height) {}
 
 Site::~Site() {
     // The control's widgets go first, while their site still exists; a reference to the
     // control kept elsewhere then holds a detached control that refuses to work.
-    if (control_) control_->detach();
+    form_.model_.remove(*this);
     control_.reset();
 }
 
@@ -134,50 +134,50 @@ HeadlessForm::~HeadlessForm() {
     while (!sites_.empty()) sites_.pop_back();
 }
 
-Site& HeadlessForm::place(const ClassInfo& cls, std::u16string name, PropertyBag* bag) {
-    if (find(name)) {
-        throw Error(err::WrongArguments, u"A control named " + name + u" is already on the form");
-    }
+Site& HeadlessForm::place(const ClassInfo& cls, ControlName name, PropertyBag* bag) {
+    model_.checkFree(name);
     const auto [w, h] = cls.defaultSize();
-    auto site = std::make_unique<Site>(host_, *this, std::move(name), w, h);
-    std::shared_ptr<Object> object = cls.create(*site);
-    auto control = std::dynamic_pointer_cast<Control>(object);
-    if (!control) throw Error(err::TypeMismatch, cls.name() + u" is not a control");
-    site->attach(control);
-    Site& ref = *site;
-    sites_.push_back(std::move(site));
+    sites_.push_back(std::make_unique<Site>(host_, *this, name, w, h));
+    Site& site = *sites_.back();
     try {
-        if (bag) {
-            control->readProperties(*bag);
-        } else {
-            control->initProperties();
-        }
+        site.attach(model_.create(cls, site, std::move(name)).control);
+        model_.initialise(site, bag);
     } catch (...) {
-        // A control that could not load does not stay on the form; it goes before its
-        // site, since its widgets still report to the site as they go.
-        object.reset();
-        control.reset();
+        // The model has let the control go already; its site follows.
         sites_.pop_back();
         throw;
     }
-    control->resize();
-    control->show();
-    return ref;
+    site.control().show();
+    return site;
 }
 
-Site& HeadlessForm::add(const ClassInfo& cls, std::u16string name) {
-    return place(cls, std::move(name), nullptr);
+Site& HeadlessForm::add(const ClassInfo& cls, std::u16string name, std::int16_t index) {
+    return place(cls, {std::move(name), index}, nullptr);
 }
 
-Site& HeadlessForm::load(const ClassInfo& cls, std::u16string name, PropertyBag& bag) {
-    return place(cls, std::move(name), &bag);
+Site& HeadlessForm::load(const ClassInfo& cls, std::u16string name, PropertyBag& bag,
+                         std::int16_t index) {
+    return place(cls, {std::move(name), index}, &bag);
 }
 
-Site* HeadlessForm::find(std::u16string_view name) const {
-    for (const auto& s : sites_) {
-        if (s->name() == name) return s.get();
+void HeadlessForm::remove(std::u16string_view name, std::int16_t index) {
+    Site* site = find(name, index);
+    if (!site) {
+        if (model_.isArray(name)) throw Error(err::ControlArrayElementMissing);
+        throw Error(err::ObjectRequired);
     }
-    return nullptr;
+    const auto it = std::find_if(sites_.begin(), sites_.end(),
+                                 [&](const std::unique_ptr<Site>& s) { return s.get() == site; });
+    // The site leaves the list before it goes, so that nothing reached from its
+    // destruction finds it half gone.
+    std::unique_ptr<Site> gone = std::move(*it);
+    sites_.erase(it);
+    gone.reset();
+}
+
+Site* HeadlessForm::find(std::u16string_view name, std::int16_t index) const {
+    const FormEntry* e = model_.find(name, index);
+    return e ? static_cast<Site*>(e->site) : nullptr;
 }
 
 std::vector<Site*> HeadlessForm::sites() const {
@@ -214,9 +214,7 @@ void HeadlessForm::widgetGone(HeadlessWidget* w) {
 }
 
 std::vector<ObjectRef> HeadlessForm::controls() const {
-    std::vector<ObjectRef> out;
-    for (const auto& s : sites_) out.push_back(s->controlRef());
-    return out;
+    return model_.controls();
 }
 
 void HeadlessForm::move(float left, float top, float width, float height) {

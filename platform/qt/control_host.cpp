@@ -6,6 +6,7 @@
 #include <cmath>
 #include <exception>
 
+#include "corvex/common/form_model.h"
 #include "corvex/common/text.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
@@ -172,6 +173,7 @@ struct QtControlHost::Private {
     QtHost& host;
     const ClassInfo& cls;
     Form* form;
+    FormModel* model = nullptr;  // the model of the form that holds the control, if any
     SurfaceImpl surface;
     SinkImpl sink;
     ScaleMode scaleMode = ScaleMode::Twips;
@@ -217,19 +219,44 @@ QtControlHost::QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent
 QtControlHost::~QtControlHost() {
     // The control's widgets go first, while their surface still exists; a reference to
     // the control kept elsewhere then holds a detached control that refuses to work.
-    if (d->control) d->control->detach();
+    if (d->model) {
+        d->model->remove(*this);
+    } else if (d->control) {
+        d->control->detach();
+    }
     d->control = nullptr;
     d->object.reset();
 }
 
+void QtControlHost::runLifecycle(PropertyBag* bag) {
+    if (!d->model) {
+        if (bag) {
+            d->control->readProperties(*bag);
+        } else {
+            d->control->initProperties();
+        }
+        d->layOut();
+        return;
+    }
+    try {
+        d->model->initialise(*this, bag);
+    } catch (...) {
+        // The model has let the control go; the surface no longer belongs to the form.
+        d->model = nullptr;
+        throw;
+    }
+}
+
+void QtControlHost::joinModel(FormModel& model) {
+    d->model = &model;
+}
+
 void QtControlHost::initNew() {
-    d->control->initProperties();
-    d->layOut();
+    runLifecycle(nullptr);
 }
 
 void QtControlHost::load(PropertyBag& bag) {
-    d->control->readProperties(bag);
-    d->layOut();
+    runLifecycle(&bag);
 }
 
 void QtControlHost::save(PropertyBag& bag) {

@@ -14,7 +14,7 @@ namespace corvex::qt {
 struct QtForm::Private {
     QtHost& host;
     QPointer<QWidget> window;
-    std::vector<QPointer<QtControlHost>> hosts;
+    FormModel model;
 
     Private(QtHost& h, QWidget* w) : host(h), window(w) {}
 
@@ -25,8 +25,9 @@ struct QtForm::Private {
 QtForm::QtForm(QtHost& host, QWidget* window) : d(std::make_unique<Private>(host, window)) {}
 
 QtForm::~QtForm() {
-    // Later controls go first, as a form unloads them.
-    for (auto it = d->hosts.rbegin(); it != d->hosts.rend(); ++it) delete it->data();
+    // Later controls go first, as a form unloads them; each surface leaves the model as
+    // it goes.
+    while (d->model.size() > 0) delete static_cast<QtControlHost*>(d->model.entries().back()->site);
 }
 
 QWidget* QtForm::window() const {
@@ -37,36 +38,41 @@ QtHost& QtForm::host() const {
     return d->host;
 }
 
-QtControlHost* QtForm::addControl(const ClassInfo& cls, const QString& name, QWidget* container) {
-    if (find(name)) {
-        throw Error(err::WrongArguments,
-                    u"A control named " + fromQString(name) + u" is already on the form");
-    }
+QtControlHost* QtForm::addControl(const ClassInfo& cls, const QString& name, QWidget* container,
+                                  std::int16_t index) {
+    const ControlName controlName{fromQString(name), index};
+    d->model.checkFree(controlName);
     auto* host = new QtControlHost(cls, d->host, container ? container : d->window.data(), this);
     host->setObjectName(name);
-    d->hosts.emplace_back(host);
+    try {
+        d->model.add(*host, std::static_pointer_cast<Control>(host->object()), controlName);
+    } catch (...) {
+        delete host;
+        throw;
+    }
+    host->joinModel(d->model);
     return host;
 }
 
 std::vector<QtControlHost*> QtForm::hosts() const {
     std::vector<QtControlHost*> out;
-    for (const auto& h : d->hosts) {
-        if (h) out.push_back(h.data());
-    }
+    out.reserve(d->model.size());
+    for (const FormEntry* e : d->model.entries())
+        out.push_back(static_cast<QtControlHost*>(e->site));
     return out;
 }
 
-QtControlHost* QtForm::find(const QString& name) const {
-    for (const auto& h : d->hosts) {
-        if (h && h->objectName() == name) return h.data();
-    }
-    return nullptr;
+QtControlHost* QtForm::find(const QString& name, std::int16_t index) const {
+    const FormEntry* e = d->model.find(fromQString(name), index);
+    return e ? static_cast<QtControlHost*>(e->site) : nullptr;
+}
+
+const FormModel& QtForm::model() const {
+    return d->model;
 }
 
 std::vector<ObjectRef> QtForm::controls() const {
-    std::vector<ObjectRef> out;
-    for (QtControlHost* h : hosts()) out.push_back(h->object());
-    return out;
+    return d->model.controls();
 }
 
 float QtForm::left() const {

@@ -11,9 +11,9 @@ namespace corvex::headless {
 /// Loads every control of a saved form onto form, in the document's order: each is
 /// created through its public class and read from a bag holding its saved entries.
 /// Before any control is created, raises Error 438 naming the class and the control when
-/// a class is not public, and Error 450 when a name is already on the form (or twice in
-/// the document, without regard to ASCII case). An error raised while a control loads is
-/// passed on with the control's name added to its description; that control is not
+/// a class is not public, and Error 450 when a name (with its array index) is already on
+/// the form or twice in the document, by the form's one rule for names. An error raised while a
+/// control loads is passed on with the control's name added to its description; that control is not
 /// placed, and the controls loaded before it stay.
 void loadForm(const FormDocument& document, HeadlessForm& form);
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "corvex/common/control.h"
+#include "corvex/common/form_model.h"
 #include "corvex/headless/widgets.h"
 #include "corvex/platform/form.h"
 #include "corvex/platform/site.h"
@@ -99,11 +100,16 @@ class Site : public ControlSite,
              public EventSink {
 public:
     /// A site named name on a form of a host.
-    Site(Host& host, HeadlessForm& form, std::u16string name, float width, float height);
+    Site(Host& host, HeadlessForm& form, ControlName name, float width, float height);
+    /// Takes the control off its form (detached) before the site goes.
     ~Site() override;
 
-    /// The control's name on the form.
-    const std::u16string& name() const { return name_; }
+    /// The control's name on the form (without its array index).
+    const std::u16string& name() const { return name_.name; }
+    /// The control's index in its control array, or NoIndex.
+    std::int16_t index() const { return name_.index; }
+    /// The control's name as the form shows it: "opt(2)" for an array element.
+    std::u16string displayName() const { return name_.text(); }
     /// The control on this site.
     Control& control() const { return *control_; }
     /// The control as a shared object reference.
@@ -178,7 +184,7 @@ private:
 
     Host& host_;
     HeadlessForm& form_;
-    std::u16string name_;
+    ControlName name_;
     float width_;
     float height_;
     ScaleMode scaleMode_ = ScaleMode::Twips;
@@ -194,13 +200,20 @@ public:
     ~HeadlessForm() override;
 
     /// Places a new control: created, initialised as new, given its default size, shown.
-    Site& add(const ClassInfo& cls, std::u16string name);
+    /// index makes it an element of the control array name.
+    Site& add(const ClassInfo& cls, std::u16string name, std::int16_t index = NoIndex);
     /// Places a control loaded from a bag: created, read from the bag, sized, shown.
-    Site& load(const ClassInfo& cls, std::u16string name, PropertyBag& bag);
-    /// A control's site by name; null when there is none.
-    Site* find(std::u16string_view name) const;
+    Site& load(const ClassInfo& cls, std::u16string name, PropertyBag& bag,
+               std::int16_t index = NoIndex);
+    /// Unloads a control: it is detached and its site goes. Raises 340 for a missing
+    /// element of an array, 424 for a name not on the form.
+    void remove(std::u16string_view name, std::int16_t index = NoIndex);
+    /// A control's site by name (ASCII case ignored) and array index; null when there is none.
+    Site* find(std::u16string_view name, std::int16_t index = NoIndex) const;
     /// The sites in creation order.
     std::vector<Site*> sites() const;
+    /// The form's controls, their names and their lifecycle.
+    const FormModel& model() const { return model_; }
 
     /// Moves the keyboard focus as the user does (null: away from every widget).
     void focus(HeadlessWidget* widget);
@@ -217,10 +230,11 @@ public:
 private:
     friend class HeadlessWidget;
     friend class Site;
-    Site& place(const ClassInfo& cls, std::u16string name, PropertyBag* bag);
+    Site& place(const ClassInfo& cls, ControlName name, PropertyBag* bag);
     void widgetGone(HeadlessWidget* w);
 
     Host& host_;
+    FormModel model_;  // declared before the sites: they leave it as they go
     std::vector<std::unique_ptr<Site>> sites_;
     HeadlessWidget* focused_ = nullptr;
     HeadlessWidget* told_ = nullptr;  // the widget that last heard GotFocus

@@ -12,6 +12,10 @@
 #include "corvex/common/control.h"
 #include "corvex/platform/site.h"
 
+namespace corvex {
+class FormModel;
+}
+
 namespace corvex::qt {
 
 class QtHost;
@@ -73,12 +77,14 @@ public:
     /// Raises Error 13 when cls does not make a control.
     QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent = nullptr,
                   Form* form = nullptr);
-    /// Destroys the control first, then the surface.
+    /// Detaches the control first (taking it off its form), then destroys the surface.
     ~QtControlHost() override;
 
-    /// Sets the control's properties to their defaults (a newly placed control), then lays it out.
+    /// Sets the control's properties to their defaults (a newly placed control), then
+    /// lays it out. On a form, a control that fails leaves the form, detached.
     void initNew();
-    /// Reads the control's saved properties from bag, then lays it out.
+    /// Reads the control's saved properties from bag, then lays it out. On a form, a
+    /// control that fails leaves the form, detached.
     void load(PropertyBag& bag);
     /// Writes the control's saved properties into bag.
     void save(PropertyBag& bag);
@@ -148,6 +154,9 @@ protected:
 
 private:
     friend class QtWidget;
+    friend class QtForm;
+    void runLifecycle(PropertyBag* bag);
+    void joinModel(FormModel& model);
     void widgetMade(QtWidget* widget);
     void widgetGone(QtWidget* widget);
     struct Private;

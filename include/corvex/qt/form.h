@@ -5,6 +5,7 @@
 #include <memory>
 #include <vector>
 
+#include "corvex/common/form_model.h"
 #include "corvex/platform/form.h"
 
 class QWidget;
@@ -35,14 +36,19 @@ public:
     QWidget* window() const;
     /// The host services.
     QtHost& host() const;
-    /// Creates a control of class cls named name inside container (the window when null).
-    /// It is not initialised yet: call initNew() or load() on the result.
+    /// Creates a control of class cls named name inside container (the window when null);
+    /// index makes it an element of the control array name. It is not initialised yet:
+    /// call initNew() or load() on the result. Raises 450 for a name the form holds
+    /// already (ASCII case ignored).
     QtControlHost* addControl(const ClassInfo& cls, const QString& name,
-                              QWidget* container = nullptr);
-    /// The surfaces of the controls still on the form, in creation order.
+                              QWidget* container = nullptr, std::int16_t index = NoIndex);
+    /// The surfaces of the controls still on the form, in creation order (controls
+    /// inside group boxes and other containers of the window included).
     std::vector<QtControlHost*> hosts() const;
-    /// The surface of the control named name, or null.
-    QtControlHost* find(const QString& name) const;
+    /// The surface of the control named name (ASCII case ignored) with index, or null.
+    QtControlHost* find(const QString& name, std::int16_t index = NoIndex) const;
+    /// The form's controls, their names and their lifecycle.
+    const FormModel& model() const;
 
     /// The controls still on the form, in creation order.
     std::vector<ObjectRef> controls() const override;

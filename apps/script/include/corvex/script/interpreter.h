@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -17,6 +18,8 @@ namespace corvex::script {
 
 /// Exit status of a script that ran to its end.
 inline constexpr int ExitOk = 0;
+/// Exit status when the script cannot be read or the output cannot be written.
+inline constexpr int ExitIoError = 1;
 /// Exit status of a script stopped at a line that cannot be parsed.
 inline constexpr int ExitParseError = 2;
 
@@ -40,7 +43,9 @@ public:
     Status finish();
     /// Runs a whole script from text; returns ExitOk or ExitParseError.
     int run(std::string_view text);
-    /// Runs a whole script from a stream, flushing the output after each line.
+    /// Runs a whole script from a stream, flushing the output after each line. Returns
+    /// ExitIoError, with a message on diagnostics, when the stream cannot be read or the
+    /// output cannot be written (the script stops there).
     int run(std::istream& in);
 
     /// The host the controls live on.
@@ -58,10 +63,14 @@ private:
     // The entries of a load block, gathered up to its end line.
     struct PendingLoad {
         std::u16string className;
-        std::u16string name;
+        ControlName name;
         int line = 0;
         std::vector<std::pair<std::u16string, Operand>> entries;
+        std::unordered_map<std::u16string, std::size_t> positions;  // folded name -> entry
     };
+    // The protocol's commands, one table row each, and their handlers.
+    struct Command;
+    struct Commands;
 
     void parseAndRun(std::string_view line);
     void parseLoadLine(const std::vector<std::string_view>& tokens);
@@ -71,8 +80,8 @@ private:
 
     Operand operand(std::string_view token) const;
     Variant evaluate(const Operand& op) const;
-    headless::Site& site(std::u16string_view name) const;
-    headless::Site* findSite(std::u16string_view name) const;
+    headless::Site& site(const ControlName& name) const;
+    headless::Site* findSite(const ControlName& name) const;
     void print(const std::string& line);
 
     // HostObserver
