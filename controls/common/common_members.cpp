@@ -2,13 +2,24 @@
 
 namespace corvex {
 
+template <class P, class V>
+void CommonControl::letEach(void (Widget::*set)(P), const V& value, std::u16string_view name) {
+    forEachCommonWidget([&](Widget& w) { (w.*set)(value); });
+    propertyChanged(name);
+}
+
+template <class P, class V>
+void TextControl::letEach(void (TextBox::*set)(P), const V& value, std::u16string_view name) {
+    forEachTextWidget([&](TextBox& b) { (b.*set)(value); });
+    propertyChanged(name);
+}
+
 std::int32_t CommonControl::backColor() const {
     return commonWidget().backColor();
 }
 
 void CommonControl::setBackColor(std::int32_t c) {
-    forEachCommonWidget([&](Widget& w) { w.setBackColor(c); });
-    propertyChanged(u"BackColor");
+    letEach(&Widget::setBackColor, c, u"BackColor");
     lookChanged();
 }
 
@@ -17,8 +28,7 @@ bool CommonControl::enabled() const {
 }
 
 void CommonControl::setEnabled(bool v) {
-    forEachCommonWidget([&](Widget& w) { w.setEnabled(v); });
-    propertyChanged(u"Enabled");
+    letEach(&Widget::setEnabled, v, u"Enabled");
 }
 
 std::shared_ptr<Font> CommonControl::font() const {
@@ -27,8 +37,7 @@ std::shared_ptr<Font> CommonControl::font() const {
 
 void CommonControl::setFont(std::shared_ptr<Font> f) {
     if (!f) throw Error(err::ObjectRequired);
-    forEachCommonWidget([&](Widget& w) { w.setFont(f->desc()); });
-    propertyChanged(u"Font");
+    letEach(&Widget::setFont, f->desc(), u"Font");
     lookChanged();
 }
 
@@ -37,8 +46,7 @@ std::int32_t CommonControl::foreColor() const {
 }
 
 void CommonControl::setForeColor(std::int32_t c) {
-    forEachCommonWidget([&](Widget& w) { w.setForeColor(c); });
-    propertyChanged(u"ForeColor");
+    letEach(&Widget::setForeColor, c, u"ForeColor");
     lookChanged();
 }
 
@@ -70,8 +78,7 @@ CorvexIMEMode TextControl::imeMode() const {
 
 void TextControl::setImeMode(CorvexIMEMode m) {
     const std::int16_t value = Variant(static_cast<std::int32_t>(m)).toInteger();
-    forEachTextWidget([&](TextBox& b) { b.setImeMode(value); });
-    propertyChanged(u"IMEMode");
+    letEach(&TextBox::setImeMode, value, u"IMEMode");
 }
 
 std::int32_t TextControl::selLength() const {
@@ -79,8 +86,7 @@ std::int32_t TextControl::selLength() const {
 }
 
 void TextControl::setSelLength(std::int32_t n) {
-    forEachTextWidget([&](TextBox& b) { b.setSelLength(n); });
-    propertyChanged(u"SelLength");
+    letEach(&TextBox::setSelLength, n, u"SelLength");
 }
 
 std::int32_t TextControl::selStart() const {
@@ -88,8 +94,7 @@ std::int32_t TextControl::selStart() const {
 }
 
 void TextControl::setSelStart(std::int32_t n) {
-    forEachTextWidget([&](TextBox& b) { b.setSelStart(n); });
-    propertyChanged(u"SelStart");
+    letEach(&TextBox::setSelStart, n, u"SelStart");
 }
 
 std::u16string TextControl::selText() const {
@@ -109,8 +114,7 @@ std::u16string TextControl::text() const {
 }
 
 void TextControl::setText(std::u16string t) {
-    forEachTextWidget([&](TextBox& b) { b.setText(t); });
-    propertyChanged(u"Text");
+    letEach(&TextBox::setText, t, u"Text");
 }
 
 }  // namespace corvex

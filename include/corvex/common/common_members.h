@@ -59,6 +59,10 @@ protected:
     void loadSectionName(std::u16string v) { sectionName_ = std::move(v); }
 
 private:
+    /// Lets value into every holding widget through set, then signals name.
+    template <class P, class V>
+    void letEach(void (Widget::*set)(P), const V& value, std::u16string_view name);
+
     std::u16string keyName_;
     std::u16string sectionName_;
 };
@@ -97,6 +101,11 @@ protected:
     virtual void forEachTextWidget(const std::function<void(TextBox&)>& f) = 0;
     Widget& commonWidget() const override { return textWidget(); }
     void forEachCommonWidget(const std::function<void(Widget&)>& f) override;
+
+private:
+    /// Lets value into every text box through set, then signals name.
+    template <class P, class V>
+    void letEach(void (TextBox::*set)(P), const V& value, std::u16string_view name);
 };
 
 }  // namespace corvex
