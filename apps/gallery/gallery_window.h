@@ -113,7 +113,7 @@ private:
     bool reportFailure(const QString& message);
     QString valuesFile_;
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> const d;
 };
 
 }  // namespace corvex::gallery

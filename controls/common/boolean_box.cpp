@@ -10,12 +10,10 @@ struct BooleanBox::Private {
     std::unique_ptr<CheckBox> chk;
     Boolean alwaysFalseWhenNotEnabled;
     Boolean defaultValue;
-    std::u16string keyName;
-    std::u16string sectionName;
     Variant storedValue;
 };
 
-BooleanBox::BooleanBox(ControlSite& site) : Control(site), d(std::make_unique<Private>()) {
+BooleanBox::BooleanBox(ControlSite& site) : CommonControl(site), d(std::make_unique<Private>()) {
     WidgetSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
@@ -34,6 +32,14 @@ BooleanBox::~BooleanBox() = default;
 CheckBox& BooleanBox::chk() const {
     checkAvailable();
     return *d->chk;
+}
+
+Widget& BooleanBox::commonWidget() const {
+    return chk();
+}
+
+void BooleanBox::forEachCommonWidget(const std::function<void(Widget&)>& f) {
+    f(chk());
 }
 
 void BooleanBox::releaseWidgets() {
@@ -100,8 +106,8 @@ const ClassInfo& BooleanBox::staticClassInfo() {
 void BooleanBox::initProperties() {
     d->alwaysFalseWhenNotEnabled = false;
     d->defaultValue = false;
-    d->keyName.clear();
-    d->sectionName.clear();
+    loadKeyName(u"");
+    loadSectionName(u"");
 }
 
 void BooleanBox::readProperties(PropertyBag& bag) {
@@ -113,8 +119,8 @@ void BooleanBox::readProperties(PropertyBag& bag) {
     chk().setFont(readSaved(bag, u"Font", ambientFontValue, fontFromVariant));
     d->alwaysFalseWhenNotEnabled = readSaved<Boolean>(bag, u"AlwaysFalseWhenNotEnabled", false);
     d->defaultValue = readSaved<Boolean>(bag, u"DefaultValue", false);
-    d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
-    d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
+    loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
+    loadSectionName(readSaved<std::u16string>(bag, u"SectionName", u""));
     // A loaded control has 0 stored, so that Restore before any Store unchecks it;
     // the check state itself always starts from DefaultValue.
     d->storedValue = Variant(std::int16_t{0});
@@ -129,8 +135,8 @@ void BooleanBox::writeProperties(PropertyBag& bag) {
     bag.write(u"Font", Variant(Font::make(chk().font())), Variant(Font::make(ambientFont())));
     bag.write(u"AlwaysFalseWhenNotEnabled", d->alwaysFalseWhenNotEnabled, false);
     bag.write(u"DefaultValue", d->defaultValue, false);
-    bag.write(u"KeyName", d->keyName, u"");
-    bag.write(u"SectionName", d->sectionName, u"");
+    bag.write(u"KeyName", keyName(), u"");
+    bag.write(u"SectionName", sectionName(), u"");
 }
 
 void BooleanBox::resize() {
@@ -156,15 +162,6 @@ void BooleanBox::store() {
     d->storedValue = Variant(chk().value()).toString();
 }
 
-std::int32_t BooleanBox::backColor() const {
-    return chk().backColor();
-}
-
-void BooleanBox::setBackColor(std::int32_t c) {
-    chk().setBackColor(c);
-    propertyChanged(u"BackColor");
-}
-
 std::u16string BooleanBox::caption() const {
     return chk().caption();
 }
@@ -185,52 +182,6 @@ void BooleanBox::setDefaultValue(Boolean v) {
     d->defaultValue = v;
     propertyChanged(u"DefaultValue");
     setValue(v);
-}
-
-bool BooleanBox::enabled() const {
-    return chk().enabled();
-}
-
-void BooleanBox::setEnabled(bool v) {
-    chk().setEnabled(v);
-    propertyChanged(u"Enabled");
-}
-
-std::shared_ptr<Font> BooleanBox::font() const {
-    return Font::make(chk().font());
-}
-
-void BooleanBox::setFont(std::shared_ptr<Font> f) {
-    if (!f) throw Error(err::ObjectRequired);
-    chk().setFont(f->desc());
-    propertyChanged(u"Font");
-}
-
-std::int32_t BooleanBox::foreColor() const {
-    return chk().foreColor();
-}
-
-void BooleanBox::setForeColor(std::int32_t c) {
-    chk().setForeColor(c);
-    propertyChanged(u"ForeColor");
-}
-
-std::u16string BooleanBox::keyName() const {
-    return d->keyName;
-}
-
-void BooleanBox::setKeyName(std::u16string v) {
-    d->keyName = std::move(v);
-    propertyChanged(u"KeyName");
-}
-
-std::u16string BooleanBox::sectionName() const {
-    return d->sectionName;
-}
-
-void BooleanBox::setSectionName(std::u16string v) {
-    d->sectionName = std::move(v);
-    propertyChanged(u"SectionName");
 }
 
 Boolean BooleanBox::value() const {

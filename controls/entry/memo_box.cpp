@@ -12,14 +12,12 @@ constexpr int kBoxes = 4;
 struct MemoBox::Private {
     std::array<std::unique_ptr<TextBox>, kBoxes> boxes;
     std::u16string defaultValue;
-    std::u16string keyName;
-    std::u16string sectionName;
     std::int32_t scrollBars = 0;
     Variant storedValue;
     bool copying = false;  // while one box's text is copied into the others
 };
 
-MemoBox::MemoBox(ControlSite& site) : Control(site), d(std::make_unique<Private>()) {
+MemoBox::MemoBox(ControlSite& site) : TextControl(site), d(std::make_unique<Private>()) {
     for (int i = 0; i < kBoxes; ++i) {
         TextBoxSpec spec;
         spec.name = kInnerName;
@@ -109,7 +107,11 @@ void MemoBox::forEachBox(F f) {
     for (auto& box : d->boxes) f(*box);
 }
 
-TextBox& MemoBox::visibleBox() const {
+void MemoBox::forEachTextWidget(const std::function<void(TextBox&)>& f) {
+    forEachBox(f);
+}
+
+TextBox& MemoBox::textWidget() const {
     // With ScrollBars outside 0 to 3 there is no such box, as with any missing element of
     // a control array.
     if (d->scrollBars < 0 || d->scrollBars >= kBoxes) {
@@ -128,8 +130,8 @@ void MemoBox::showBoxOf(std::int32_t mode) {
 
 void MemoBox::initProperties() {
     d->defaultValue.clear();
-    d->keyName.clear();
-    d->sectionName.clear();
+    loadKeyName(u"");
+    loadSectionName(u"");
     d->scrollBars = 0;
 }
 
@@ -151,8 +153,8 @@ void MemoBox::readProperties(PropertyBag& bag) {
     // regard to case, so the setting survives a save and load.
     d->scrollBars = readSaved<std::int32_t>(bag, u"Scrollbars", std::int32_t{0});
     d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
-    d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
-    d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
+    loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
+    loadSectionName(readSaved<std::u16string>(bag, u"SectionName", u""));
     // Each box gets the default: the first one that changes raises Change once and the
     // copy rule brings the others along, as the numeric boxes raise Change on loading a
     // default; an empty default changes nothing and raises nothing.
@@ -170,8 +172,8 @@ void MemoBox::writeProperties(PropertyBag& bag) {
     bag.write(u"IMEMode", b.imeMode(), std::int16_t{0});
     bag.write(u"ScrollBars", d->scrollBars, std::int32_t{0});
     bag.write(u"DefaultValue", d->defaultValue, u"");
-    bag.write(u"KeyName", d->keyName, u"");
-    bag.write(u"SectionName", d->sectionName, u"");
+    bag.write(u"KeyName", keyName(), u"");
+    bag.write(u"SectionName", sectionName(), u"");
 }
 
 void MemoBox::resize() {
@@ -217,20 +219,11 @@ void MemoBox::restoreDefault() {
 }
 
 void MemoBox::store() {
-    d->storedValue = visibleBox().text();
+    d->storedValue = textWidget().text();
 }
 
 bool MemoBox::canPropertyChange(Variant&) {
     return false;
-}
-
-std::int32_t MemoBox::backColor() const {
-    return visibleBox().backColor();
-}
-
-void MemoBox::setBackColor(std::int32_t c) {
-    forEachBox([&](TextBox& b) { b.setBackColor(c); });
-    propertyChanged(u"BackColor");
 }
 
 std::u16string MemoBox::defaultValue() const {
@@ -246,53 +239,6 @@ void MemoBox::setDefaultValue(std::u16string v) {
     setValue(std::move(v));
 }
 
-bool MemoBox::enabled() const {
-    return visibleBox().enabled();
-}
-
-void MemoBox::setEnabled(bool v) {
-    forEachBox([&](TextBox& b) { b.setEnabled(v); });
-    propertyChanged(u"Enabled");
-}
-
-std::shared_ptr<Font> MemoBox::font() const {
-    return Font::make(visibleBox().font());
-}
-
-void MemoBox::setFont(std::shared_ptr<Font> f) {
-    if (!f) throw Error(err::ObjectRequired);
-    forEachBox([&](TextBox& b) { b.setFont(f->desc()); });
-    propertyChanged(u"Font");
-}
-
-std::int32_t MemoBox::foreColor() const {
-    return visibleBox().foreColor();
-}
-
-void MemoBox::setForeColor(std::int32_t c) {
-    forEachBox([&](TextBox& b) { b.setForeColor(c); });
-    propertyChanged(u"ForeColor");
-}
-
-CorvexIMEMode MemoBox::imeMode() const {
-    return static_cast<CorvexIMEMode>(visibleBox().imeMode());
-}
-
-void MemoBox::setImeMode(CorvexIMEMode m) {
-    const std::int16_t value = Variant(static_cast<std::int32_t>(m)).toInteger();
-    forEachBox([&](TextBox& b) { b.setImeMode(value); });
-    propertyChanged(u"IMEMode");
-}
-
-std::u16string MemoBox::keyName() const {
-    return d->keyName;
-}
-
-void MemoBox::setKeyName(std::u16string v) {
-    d->keyName = std::move(v);
-    propertyChanged(u"KeyName");
-}
-
 ScrollBarsMode MemoBox::scrollBars() const {
     return static_cast<ScrollBarsMode>(d->scrollBars);
 }
@@ -301,53 +247,6 @@ void MemoBox::setScrollBars(ScrollBarsMode m) {
     d->scrollBars = static_cast<std::int32_t>(m);
     showBoxOf(d->scrollBars);
     propertyChanged(u"ScrollBars");
-}
-
-std::u16string MemoBox::sectionName() const {
-    return d->sectionName;
-}
-
-void MemoBox::setSectionName(std::u16string v) {
-    d->sectionName = std::move(v);
-    propertyChanged(u"SectionName");
-}
-
-std::int32_t MemoBox::selLength() const {
-    return visibleBox().selLength();
-}
-
-void MemoBox::setSelLength(std::int32_t n) {
-    forEachBox([&](TextBox& b) { b.setSelLength(n); });
-    propertyChanged(u"SelLength");
-}
-
-std::int32_t MemoBox::selStart() const {
-    return visibleBox().selStart();
-}
-
-void MemoBox::setSelStart(std::int32_t n) {
-    forEachBox([&](TextBox& b) { b.setSelStart(n); });
-    propertyChanged(u"SelStart");
-}
-
-std::u16string MemoBox::selText() const {
-    return visibleBox().selText();
-}
-
-void MemoBox::setSelText(std::u16string t) {
-    // The selection is replaced once, in the visible box; its Change copies the new text
-    // into the other boxes. Replacing it in each box would insert it once per box.
-    visibleBox().setSelText(t);
-    propertyChanged(u"SelText");
-}
-
-std::u16string MemoBox::text() const {
-    return visibleBox().text();
-}
-
-void MemoBox::setText(std::u16string t) {
-    forEachBox([&](TextBox& b) { b.setText(t); });
-    propertyChanged(u"Text");
 }
 
 std::u16string MemoBox::value() const {

@@ -14,13 +14,11 @@ struct NumericInputBox::Private {
     std::u16string defaultValue;
     std::int32_t errBase = err::ObjectErrorBase;
     bool errFlag = false;
-    std::u16string keyName;
     bool limitCheck = false;
     double lowerLimit = 0;
     std::int32_t mode = 0;
     bool mustEnter = false;
     std::int32_t mustEnterColor = color::Red;
-    std::u16string sectionName;
     double upperLimit = 0;
     bool validateAtLostFocus = true;
     std::int32_t normalBackColor = color::WindowBackground;
@@ -32,7 +30,7 @@ struct NumericInputBox::Private {
 };
 
 NumericInputBox::NumericInputBox(ControlSite& site, std::int16_t alignment)
-    : Control(site), d(std::make_unique<Private>()) {
+    : TextControl(site), d(std::make_unique<Private>()) {
     TextBoxSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
@@ -52,6 +50,18 @@ NumericInputBox::~NumericInputBox() = default;
 TextBox& NumericInputBox::txt() const {
     checkAvailable();
     return *d->txt;
+}
+
+TextBox& NumericInputBox::textWidget() const {
+    return txt();
+}
+
+void NumericInputBox::forEachTextWidget(const std::function<void(TextBox&)>& f) {
+    f(txt());
+}
+
+void NumericInputBox::lookChanged() {
+    refresh();
 }
 
 void NumericInputBox::releaseWidgets() {
@@ -168,13 +178,13 @@ void NumericInputBox::initProperties() {
     d->defaultValue.clear();
     d->errBase = err::ObjectErrorBase;
     d->errFlag = false;
-    d->keyName.clear();
+    loadKeyName(u"");
     d->limitCheck = false;
     d->lowerLimit = 0;
     d->mode = static_cast<std::int32_t>(InputMode::PM_decimal);
     d->mustEnter = false;
     d->mustEnterColor = color::Red;
-    d->sectionName.clear();
+    loadSectionName(u"");
     d->upperLimit = 0;
     d->validateAtLostFocus = true;
 }
@@ -190,13 +200,13 @@ void NumericInputBox::readProperties(PropertyBag& bag) {
         Font::make(readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant)));
     t.setMaxLength(readSaved<std::int16_t>(bag, u"MaxLength", std::int16_t{0}));
     d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
-    d->keyName = readSaved<std::u16string>(bag, u"KeyName", u"");
+    loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
     d->limitCheck = readSaved<bool>(bag, u"LimitCheck", false);
     d->lowerLimit = readSaved<double>(bag, u"LowerLimit", 0.0);
     d->mode = readSaved<std::int16_t>(bag, u"Mode", std::int16_t{0});
     d->mustEnter = readSaved<bool>(bag, u"MustEnter", false);
     d->mustEnterColor = readSaved<std::int32_t>(bag, u"MustEnterColor", color::Red);
-    d->sectionName = readSaved<std::u16string>(bag, u"SectionName", u"");
+    loadSectionName(readSaved<std::u16string>(bag, u"SectionName", u""));
     d->upperLimit = readSaved<double>(bag, u"UpperLimit", 0.0);
     d->validateAtLostFocus = readSaved<bool>(bag, u"ValidateAtLostFocus", true);
 
@@ -217,13 +227,13 @@ void NumericInputBox::writeProperties(PropertyBag& bag) {
     bag.write(u"Font", Variant(Font::make(t.font())), Variant(Font::make(ambientFont())));
     bag.write(u"MaxLength", static_cast<std::int16_t>(t.maxLength()), std::int16_t{0});
     bag.write(u"DefaultValue", d->defaultValue, u"");
-    bag.write(u"KeyName", d->keyName, u"");
+    bag.write(u"KeyName", keyName(), u"");
     bag.write(u"LimitCheck", d->limitCheck, false);
     bag.write(u"LowerLimit", d->lowerLimit, 0.0);
     bag.write(u"Mode", Variant(d->mode).toInteger(), std::int16_t{0});
     bag.write(u"MustEnter", d->mustEnter, false);
     bag.write(u"MustEnterColor", d->mustEnterColor, color::Red);
-    bag.write(u"SectionName", d->sectionName, u"");
+    bag.write(u"SectionName", sectionName(), u"");
     bag.write(u"UpperLimit", d->upperLimit, 0.0);
     bag.write(u"ValidateAtLostFocus", d->validateAtLostFocus, true);
     bag.write(u"ErrBase", d->errBase, err::ObjectErrorBase);
@@ -327,16 +337,6 @@ bool NumericInputBox::validateValue() {
     return validateInput();
 }
 
-std::int32_t NumericInputBox::backColor() const {
-    return txt().backColor();
-}
-
-void NumericInputBox::setBackColor(std::int32_t c) {
-    txt().setBackColor(c);
-    propertyChanged(u"BackColor");
-    refresh();
-}
-
 std::u16string NumericInputBox::defaultValue() const {
     return d->defaultValue;
 }
@@ -350,56 +350,8 @@ void NumericInputBox::setDefaultValue(std::u16string v) {
     setValue(std::move(v));
 }
 
-bool NumericInputBox::enabled() const {
-    return txt().enabled();
-}
-
-void NumericInputBox::setEnabled(bool v) {
-    txt().setEnabled(v);
-    propertyChanged(u"Enabled");
-}
-
 bool NumericInputBox::errFlag() const {
     return d->errFlag;
-}
-
-std::shared_ptr<Font> NumericInputBox::font() const {
-    return Font::make(txt().font());
-}
-
-void NumericInputBox::setFont(std::shared_ptr<Font> f) {
-    if (!f) throw Error(err::ObjectRequired);
-    txt().setFont(f->desc());
-    propertyChanged(u"Font");
-    refresh();
-}
-
-std::int32_t NumericInputBox::foreColor() const {
-    return txt().foreColor();
-}
-
-void NumericInputBox::setForeColor(std::int32_t c) {
-    txt().setForeColor(c);
-    propertyChanged(u"ForeColor");
-    refresh();
-}
-
-CorvexIMEMode NumericInputBox::imeMode() const {
-    return static_cast<CorvexIMEMode>(txt().imeMode());
-}
-
-void NumericInputBox::setImeMode(CorvexIMEMode m) {
-    txt().setImeMode(Variant(static_cast<std::int32_t>(m)).toInteger());
-    propertyChanged(u"IMEMode");
-}
-
-std::u16string NumericInputBox::keyName() const {
-    return d->keyName;
-}
-
-void NumericInputBox::setKeyName(std::u16string v) {
-    d->keyName = std::move(v);
-    propertyChanged(u"KeyName");
 }
 
 bool NumericInputBox::limitCheck() const {
@@ -458,51 +410,6 @@ std::int32_t NumericInputBox::mustEnterColor() const {
 void NumericInputBox::setMustEnterColor(std::int32_t c) {
     d->mustEnterColor = c;
     propertyChanged(u"MustEnterColor");
-}
-
-std::u16string NumericInputBox::sectionName() const {
-    return d->sectionName;
-}
-
-void NumericInputBox::setSectionName(std::u16string v) {
-    // Unlike KeyName, a new section name does not mark the control as changed.
-    d->sectionName = std::move(v);
-}
-
-std::int32_t NumericInputBox::selLength() const {
-    return txt().selLength();
-}
-
-void NumericInputBox::setSelLength(std::int32_t n) {
-    txt().setSelLength(n);
-    propertyChanged(u"SelLength");
-}
-
-std::int32_t NumericInputBox::selStart() const {
-    return txt().selStart();
-}
-
-void NumericInputBox::setSelStart(std::int32_t n) {
-    txt().setSelStart(n);
-    propertyChanged(u"SelStart");
-}
-
-std::u16string NumericInputBox::selText() const {
-    return txt().selText();
-}
-
-void NumericInputBox::setSelText(std::u16string t) {
-    txt().setSelText(t);
-    propertyChanged(u"SelText");
-}
-
-std::u16string NumericInputBox::text() const {
-    return txt().text();
-}
-
-void NumericInputBox::setText(std::u16string t) {
-    txt().setText(t);
-    propertyChanged(u"Text");
 }
 
 double NumericInputBox::upperLimit() const {

@@ -8,6 +8,7 @@
 
 #include "corvex/common/form_model.h"
 #include "corvex/common/text.h"
+#include "corvex/library/literals.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
 #include "corvex/qt/widgets.h"
@@ -103,7 +104,11 @@ QString EventArgs::toString() const {
         if (v.type() == VarType::String) {
             text = QLatin1Char('"') + toQString(v.asString()) + QLatin1Char('"');
         } else if (v.type() == VarType::Object) {
-            text = QStringLiteral("<object>");
+            // A value object (a Font) reads as its fields, through the one hook every
+            // writer of values uses; other objects have no text.
+            const ObjectRef& o = v.asObject();
+            text = o && isValueObject(*o) ? QString::fromStdString(formatValue(v))
+                                          : QStringLiteral("<object>");
         } else {
             text = toQString(v.toString());
         }

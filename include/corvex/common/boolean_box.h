@@ -3,14 +3,13 @@
 
 #include <memory>
 
-#include "corvex/common/control.h"
-#include "corvex/common/font.h"
+#include "corvex/common/common_members.h"
 
 namespace corvex {
 
 /// A check box (inner widget chkBooleanBox) whose Value is True or False. Its Value is
 /// saved and restored by the settings control under SectionName and KeyName.
-class BooleanBox : public Control {
+class BooleanBox : public CommonControl {
 public:
     /// A BooleanBox on a host site; creates chkBooleanBox.
     explicit BooleanBox(ControlSite& site);
@@ -33,10 +32,6 @@ public:
     /// Stores the check state as text ("0", "1" or "2").
     void store();
 
-    /// The check box's background colour.
-    std::int32_t backColor() const;
-    /// Sets the background colour.
-    void setBackColor(std::int32_t c);
     /// The check box's caption.
     std::u16string caption() const;
     /// Sets the caption.
@@ -45,26 +40,6 @@ public:
     Boolean defaultValue() const;
     /// Sets the default (design time only: 382 at run time), then Value to it.
     void setDefaultValue(Boolean v);
-    /// Whether the check box is enabled.
-    bool enabled() const;
-    /// Enables or disables the check box.
-    void setEnabled(bool v);
-    /// The check box's font.
-    std::shared_ptr<Font> font() const;
-    /// Sets the font.
-    void setFont(std::shared_ptr<Font> f);
-    /// The check box's text colour.
-    std::int32_t foreColor() const;
-    /// Sets the text colour.
-    void setForeColor(std::int32_t c);
-    /// The key under which the settings control saves Value.
-    std::u16string keyName() const;
-    /// Sets the key name.
-    void setKeyName(std::u16string v);
-    /// The section under which the settings control saves Value.
-    std::u16string sectionName() const;
-    /// Sets the section name.
-    void setSectionName(std::u16string v);
     /// True only when the box is checked (and enabled, with AlwaysFalseWhenNotEnabled).
     Boolean value() const;
     /// Checks (-1) or unchecks (0) the box; any other raw value changes nothing.
@@ -77,6 +52,8 @@ public:
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
     void releaseWidgets() override;
+    Widget& commonWidget() const override;
+    void forEachCommonWidget(const std::function<void(Widget&)>& f) override;
 
 private:
     CheckBox& chk() const;

@@ -4,15 +4,13 @@
 
 #include <memory>
 
-#include "corvex/common/control.h"
-#include "corvex/common/font.h"
-#include "corvex/library/enums.h"
+#include "corvex/common/common_members.h"
 
 namespace corvex {
 
 /// What NumInputBox and NumInputBoxR share: the inner text box txtInput, the key filter,
 /// validation, typed readers and MustEnter colouring.
-class NumericInputBox : public Control {
+class NumericInputBox : public TextControl {
 public:
     ~NumericInputBox() override;
 
@@ -34,36 +32,12 @@ public:
     /// Validates (and normalises) the text; shows a message on failure.
     bool validateValue();
 
-    /// Background colour of the text box.
-    std::int32_t backColor() const;
-    /// Sets the background colour.
-    void setBackColor(std::int32_t c);
     /// The design-time default text.
     std::u16string defaultValue() const;
     /// Sets the default (design time only: 382 at run time), then Value to it.
     void setDefaultValue(std::u16string v);
-    /// Whether the text box is enabled.
-    bool enabled() const;
-    /// Enables or disables the text box.
-    void setEnabled(bool v);
     /// True once any conversion failed; never reset.
     bool errFlag() const;
-    /// The text box's font.
-    std::shared_ptr<Font> font() const;
-    /// Sets the font.
-    void setFont(std::shared_ptr<Font> f);
-    /// Text colour.
-    std::int32_t foreColor() const;
-    /// Sets the text colour.
-    void setForeColor(std::int32_t c);
-    /// The input-method mode.
-    CorvexIMEMode imeMode() const;
-    /// Sets the input-method mode (kept as a 16-bit value).
-    void setImeMode(CorvexIMEMode m);
-    /// The key under which the settings control saves Value.
-    std::u16string keyName() const;
-    /// Sets the key name.
-    void setKeyName(std::u16string v);
     /// Whether validation checks the limits.
     bool limitCheck() const;
     /// Sets whether validation checks the limits.
@@ -88,26 +62,6 @@ public:
     std::int32_t mustEnterColor() const;
     /// Sets the colour of an empty MustEnter box.
     void setMustEnterColor(std::int32_t c);
-    /// The section under which the settings control saves Value.
-    std::u16string sectionName() const;
-    /// Sets the section name (signals no property change, on purpose).
-    void setSectionName(std::u16string v);
-    /// Length of the selection.
-    std::int32_t selLength() const;
-    /// Sets the selection length.
-    void setSelLength(std::int32_t n);
-    /// Start of the selection (the caret).
-    std::int32_t selStart() const;
-    /// Moves the caret.
-    void setSelStart(std::int32_t n);
-    /// The selected text.
-    std::u16string selText() const;
-    /// Replaces the selected text.
-    void setSelText(std::u16string t);
-    /// The text.
-    std::u16string text() const;
-    /// Sets the text.
-    void setText(std::u16string t);
     /// The upper limit.
     double upperLimit() const;
     /// Sets the upper limit; refused below LowerLimit (3001 at run time).
@@ -145,6 +99,12 @@ protected:
     const MessageTable& messageTable() const override;
     void widgetEvent(Widget& source, WidgetEvent& event) override;
     void releaseWidgets() override;
+    TextBox& textWidget() const override;
+    void forEachTextWidget(const std::function<void(TextBox&)>& f) override;
+    /// Repaints after a colour or font let.
+    void lookChanged() override;
+    /// A new section name does not mark the control as changed, unlike KeyName.
+    bool sectionNameSignals() const override { return false; }
 
 private:
     TextBox& txt() const;

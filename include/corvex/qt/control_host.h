@@ -160,7 +160,7 @@ private:
     void widgetMade(QtWidget* widget);
     void widgetGone(QtWidget* widget);
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> const d;
 };
 
 }  // namespace corvex::qt

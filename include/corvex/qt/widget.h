@@ -121,7 +121,7 @@ private:
     bool filter(QObject* watched, QEvent* event);
     bool focusChanged(QEvent* event);
     struct Private;
-    std::unique_ptr<Private> d;
+    std::unique_ptr<Private> const d;
 };
 
 }  // namespace corvex::qt
