@@ -25,10 +25,12 @@ void ensureApplication() {
     static int argc = 1;
     static char name[] = "corvex-text-bench";
     static char* argv[] = {name, nullptr};
-    static std::unique_ptr<QApplication> app;
+    // Kept until the process ends and never destroyed: a QApplication destroyed by the
+    // static destructors at exit runs after Qt's own statics have gone, and crashes.
+    static QApplication* app = nullptr;
     if (app) return;
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    app = std::make_unique<QApplication>(argc, argv);
+    app = new QApplication(argc, argv);
 }
 
 // A text of n units, with a line break every 60 units when lines is set.
@@ -152,6 +154,11 @@ void typeKeys(benchmark::State& state, bool multiLine, bool bare) {
         key(target, Qt::Key_Backspace, QStringLiteral("\b"));
     }
     state.SetComplexityN(state.range(0));
+    // The box's Qt widget is deleted later, by the event loop, which a benchmark never
+    // runs: delete it now, while its window and surface still exist, not when the
+    // application goes at exit.
+    box.reset();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
 void TypeKeysIntoLongText_corvex(benchmark::State& state) {

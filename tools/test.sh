@@ -66,9 +66,15 @@ for target in build-fuzz/fuzz/*_fuzz; do
 done
 
 echo "== benchmarks, one quick pass"
+# Timings are printed, never asserted; a benchmark that crashes fails the run all the same.
 for bench in build/bench/*_bench; do
   [ -x "$bench" ] || continue
-  "$bench" --benchmark_min_time=0.01 2>/dev/null | grep -E '^ratio' || true
+  if ! "$bench" --benchmark_min_time=0.01 >"$bench.log" 2>&1; then
+    echo "$(basename "$bench") failed:"
+    tail -n 5 "$bench.log"
+    status=1
+  fi
+  grep -E '^ratio|_BigO' "$bench.log" || true
 done
 
 echo "== summary"
