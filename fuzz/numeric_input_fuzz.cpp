@@ -7,24 +7,17 @@
 
 #include "corvex/entry/num_input_box.h"
 #include "corvex/headless/host.h"
+#include "fuzz_input.h"
 
 using namespace corvex;
 
 namespace {
 
-struct Input {
-    const std::uint8_t* data;
-    std::size_t size;
-    std::size_t pos = 0;
-    bool more() const { return pos < size; }
-    std::uint8_t byte() { return pos < size ? data[pos++] : 0; }
-};
+using fuzz::Input;
 
 char16_t interestingChar(Input& in) {
     static const char16_t pool[] = u"0123456789.-eEdD\b\r +x,\u3042\uFF15";
-    const std::uint8_t b = in.byte();
-    if (b < 200) return pool[b % (sizeof(pool) / sizeof(pool[0]) - 1)];
-    return static_cast<char16_t>(b | (in.byte() << 8));
+    return in.character(pool, 200);
 }
 
 void check(bool condition) {

@@ -10,25 +10,17 @@
 #include <string_view>
 
 #include "corvex/common/text_editing.h"
+#include "fuzz_input.h"
 
 using namespace corvex;
 
 namespace {
 
-struct Input {
-    const std::uint8_t* data;
-    std::size_t size;
-    std::size_t pos = 0;
-    bool more() const { return pos < size; }
-    std::uint8_t byte() { return pos < size ? data[pos++] : 0; }
-    std::int32_t small() { return static_cast<std::int32_t>(byte() % 40) - 4; }
-};
+using fuzz::Input;
 
 char16_t interestingChar(Input& in) {
     static const char16_t pool[] = u"ab\r\n\b\t \x7f\u3042\xD83D\xDE00\u2029xyz";
-    const std::uint8_t b = in.byte();
-    if (b < 220) return pool[b % (sizeof(pool) / sizeof(pool[0]) - 1)];
-    return static_cast<char16_t>(b | (in.byte() << 8));
+    return in.character(pool, 220);
 }
 
 std::u16string someText(Input& in) {

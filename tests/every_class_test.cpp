@@ -17,21 +17,11 @@ using corvex::testing::HarnessMaker;
 
 namespace {
 
-struct Case {
-    HarnessMaker host;
-    const ClassInfo* cls;
-};
+// Each test runs for every class it names on every host.
+using Case = corvex::testing::ClassOnHost;
 
 std::vector<Case> cases() {
-    std::vector<Case> out;
-    for (const auto& h : corvex::testing::availableHarnesses()) {
-        for (const ClassInfo* c : publicClasses()) out.push_back({h, c});
-    }
-    return out;
-}
-
-std::string caseName(const ::testing::TestParamInfo<Case>& info) {
-    return info.param.host.name + "_" + toUtf8(info.param.cls->name());
+    return corvex::testing::classesOnHosts(publicClasses());
 }
 
 // A bag that remembers the names it was asked for, in order.
@@ -230,6 +220,7 @@ TEST_P(EveryClassTest, shouldNeverRaiseTheDeclaredLifecycleEvents) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Hosts, EveryClassTest, ::testing::ValuesIn(cases()), caseName);
+INSTANTIATE_TEST_SUITE_P(Hosts, EveryClassTest, ::testing::ValuesIn(cases()),
+                         corvex::testing::classOnHostName);
 
 }  // namespace

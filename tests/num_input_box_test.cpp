@@ -15,28 +15,12 @@ using corvex::testing::HarnessMaker;
 
 namespace {
 
-// Each test runs for both classes on every host: (host, class).
-struct Case {
-    HarnessMaker host;
-    const ClassInfo* cls;
-};
+// Each test runs for every class it names on every host.
+using Case = corvex::testing::ClassOnHost;
 
 std::vector<Case> cases() {
-    std::vector<Case> out;
-    for (const auto& h : corvex::testing::availableHarnesses()) {
-        out.push_back({h, &NumInputBox::staticClassInfo()});
-        out.push_back({h, &NumInputBoxR::staticClassInfo()});
-    }
-    return out;
-}
-
-std::string caseName(const ::testing::TestParamInfo<Case>& info) {
-    return info.param.host.name + "_" + corvex::toUtf8(info.param.cls->name());
-}
-
-// Prints a case by its name in test output (not as a dump of its bytes).
-void PrintTo(const Case& c, std::ostream* os) {
-    *os << c.host.name << ' ' << corvex::toUtf8(c.cls->name());
+    return corvex::testing::classesOnHosts(
+        {&NumInputBox::staticClassInfo(), &NumInputBoxR::staticClassInfo()});
 }
 
 class NumInputBoxTest : public ::testing::TestWithParam<Case> {
@@ -649,6 +633,7 @@ TEST_P(NumInputBoxTest, shouldRaiseOverflowWhenErrBasePlusTheCodeLeavesThirtyTwo
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Hosts, NumInputBoxTest, ::testing::ValuesIn(cases()), caseName);
+INSTANTIATE_TEST_SUITE_P(Hosts, NumInputBoxTest, ::testing::ValuesIn(cases()),
+                         corvex::testing::classOnHostName);
 
 }  // namespace

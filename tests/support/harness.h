@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "corvex/common/control.h"
+#include "corvex/common/text.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/platform/surface.h"
 #include "corvex/platform/widgets.h"
@@ -95,6 +96,31 @@ std::vector<HarnessMaker> availableHarnesses();
 /// Test-name suffix for a host.
 inline std::string harnessName(const ::testing::TestParamInfo<HarnessMaker>& info) {
     return info.param.name;
+}
+
+/// One class on one host: the parameter of a suite run for several classes on every host.
+struct ClassOnHost {
+    HarnessMaker host;     ///< the host
+    const ClassInfo* cls;  ///< the class
+};
+
+/// Every host this program offers, each paired with every class of classes, in order.
+inline std::vector<ClassOnHost> classesOnHosts(const std::vector<const ClassInfo*>& classes) {
+    std::vector<ClassOnHost> out;
+    for (const auto& h : availableHarnesses()) {
+        for (const ClassInfo* c : classes) out.push_back({h, c});
+    }
+    return out;
+}
+
+/// Test-name suffix for a class on a host: "Headless_NumInputBox".
+inline std::string classOnHostName(const ::testing::TestParamInfo<ClassOnHost>& info) {
+    return info.param.host.name + "_" + toUtf8(info.param.cls->name());
+}
+
+/// Prints a case by its host and class in test output, not as a dump of its bytes.
+inline void PrintTo(const ClassOnHost& c, std::ostream* os) {
+    *os << c.host.name << ' ' << toUtf8(c.cls->name());
 }
 
 /// The names of the events in order.
