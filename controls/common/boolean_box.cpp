@@ -38,10 +38,6 @@ Widget& BooleanBox::commonWidget() const {
     return chk();
 }
 
-void BooleanBox::forEachCommonWidget(const std::function<void(Widget&)>& f) {
-    f(chk());
-}
-
 void BooleanBox::releaseWidgets() {
     d->chk.reset();
 }

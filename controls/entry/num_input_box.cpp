@@ -56,10 +56,6 @@ TextBox& NumericInputBox::textWidget() const {
     return txt();
 }
 
-void NumericInputBox::forEachTextWidget(const std::function<void(TextBox&)>& f) {
-    f(txt());
-}
-
 void NumericInputBox::lookChanged() {
     refresh();
 }

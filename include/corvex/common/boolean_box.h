@@ -53,7 +53,6 @@ protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
     void releaseWidgets() override;
     Widget& commonWidget() const override;
-    void forEachCommonWidget(const std::function<void(Widget&)>& f) override;
 
 private:
     CheckBox& chk() const;

@@ -47,8 +47,9 @@ protected:
     using Control::Control;
     /// The widget the common members read (raises as the control's own access does).
     virtual Widget& commonWidget() const = 0;
-    /// Calls f on every widget holding the common members.
-    virtual void forEachCommonWidget(const std::function<void(Widget&)>& f) = 0;
+    /// Calls f on every widget holding the common members: the read widget alone unless
+    /// the control holds them in several.
+    virtual void forEachCommonWidget(const std::function<void(Widget&)>& f) { f(commonWidget()); }
     /// Runs after a colour or font let has signalled its change; nothing by default.
     virtual void lookChanged() {}
     /// Whether a SectionName let signals a property change; it does by default.
@@ -97,8 +98,8 @@ protected:
     using CommonControl::CommonControl;
     /// The text box the members read.
     virtual TextBox& textWidget() const = 0;
-    /// Calls f on every text box of the control.
-    virtual void forEachTextWidget(const std::function<void(TextBox&)>& f) = 0;
+    /// Calls f on every text box of the control: the read box alone unless it has several.
+    virtual void forEachTextWidget(const std::function<void(TextBox&)>& f) { f(textWidget()); }
     Widget& commonWidget() const override { return textWidget(); }
     void forEachCommonWidget(const std::function<void(Widget&)>& f) override;
 

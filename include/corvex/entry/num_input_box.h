@@ -100,7 +100,6 @@ protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
     void releaseWidgets() override;
     TextBox& textWidget() const override;
-    void forEachTextWidget(const std::function<void(TextBox&)>& f) override;
     /// Repaints after a colour or font let.
     void lookChanged() override;
     /// A new section name does not mark the control as changed, unlike KeyName.
