@@ -206,6 +206,8 @@ TEST(ClassTable, shouldSaveTheDefaultsThatEachClassDocuments) {
 TEST(ClassTable, shouldEndEveryEventInterfaceWithTheThreeNeverRaisedLifecycleEvents) {
     for (const ClassInfo* c : publicClasses()) {
         const auto& ev = c->events();
+        // A service control without events (SettingHandle) declares an empty interface.
+        if (ev.empty() && c->kind() == ClassKind::ServiceControl) continue;
         ASSERT_GE(ev.size(), 3u);
         const std::size_t n = ev.size();
         EXPECT_EQ(ev[n - 3].name, u"InitProperties");

@@ -359,6 +359,10 @@ Application& QtControlHost::application() {
     return d->host;
 }
 
+ProfileService& QtControlHost::profiles() {
+    return d->host.profiles();
+}
+
 Form* QtControlHost::parentForm() {
     return d->form;
 }

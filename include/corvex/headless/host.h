@@ -14,6 +14,7 @@
 #include "corvex/headless/widgets.h"
 #include "corvex/platform/form.h"
 #include "corvex/platform/site.h"
+#include "corvex/posix/profile_files.h"
 
 namespace corvex::headless {
 
@@ -66,6 +67,9 @@ public:
     std::u16string text() const override { return clipboard_; }
     void setText(const std::u16string& t) override { clipboard_ = t; }
 
+    /// The INI files and settings store of the controls (folders from the environment).
+    posix::ProfileFiles& profiles() { return profiles_; }
+
     /// Twips per screen pixel (15, a 96 dpi screen).
     double twipsPerPixel() const { return 15; }
 
@@ -83,6 +87,7 @@ private:
     std::vector<MessageBoxRequest> shown_;
     std::u16string clipboard_;
     HostObserver* observer_ = nullptr;
+    posix::ProfileFiles profiles_;
 };
 
 /// An event as the host received it, with its arguments after the handler ran.
@@ -155,6 +160,7 @@ public:
     Clipboard& clipboard() override { return host_; }
     Application& application() override { return host_; }
     Form* parentForm() override;
+    ProfileService& profiles() override { return host_.profiles(); }
 
     // Surface
     float scaleWidth() const override;

@@ -132,6 +132,8 @@ public:
     Application& application() override;
     /// The form the control sits on, or null.
     Form* parentForm() override;
+    /// The host's INI files and settings store.
+    ProfileService& profiles() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;

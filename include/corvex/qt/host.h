@@ -16,6 +16,7 @@
 #include "corvex/platform/application.h"
 #include "corvex/platform/clipboard.h"
 #include "corvex/platform/message_box.h"
+#include "corvex/posix/profile_files.h"
 
 namespace corvex::qt {
 
@@ -88,11 +89,15 @@ public:
     /// Reports an error that reached the Qt event loop's side of the host.
     void reportError(const std::exception& error);
 
+    /// The INI files and settings store of the controls (folders from the environment).
+    posix::ProfileFiles& profiles() { return profiles_; }
+
 private:
     std::optional<std::int32_t> localeId_;
     bool userMode_ = true;
     MessageBoxHandler messageBoxHandler_;
     ErrorHandler errorHandler_;
+    posix::ProfileFiles profiles_;
 };
 
 }  // namespace corvex::qt
