@@ -1,5 +1,6 @@
 #include "corvex/script/interpreter.h"
 
+#include <fstream>
 #include <istream>
 #include <ostream>
 #include <span>
@@ -7,9 +8,11 @@
 
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
+#include "corvex/headless/standard_controls.h"
 #include "corvex/library/class_table.h"
 #include "corvex/library/literals.h"
 #include "corvex/library/memory_bag.h"
+#include "corvex/posix/atomic_file.h"
 
 namespace corvex::script {
 
@@ -518,8 +521,31 @@ struct Interpreter::Commands {
         in.execute([&] { in.host_.setText(in.evaluate(text).toString()); });
     }
 
+    // Shows an INI file line by line, or replaces its bytes with a text (a file written by
+    // hand); the name is resolved as the settings control resolves it.
+    static void ini(Interpreter& in, const Tokens& t, const Command&) {
+        const Operand file = in.operand(t[1]);
+        std::optional<Operand> text;
+        if (t.size() == 3) text = in.operand(t[2]);
+        in.execute([&] {
+            const auto path = in.host_.profiles().iniPath(in.evaluate(file).toString());
+            if (!path) throw Error(err::InvalidProcedureCall, u"the name maps to no file");
+            if (text) {
+                posix::writeFileAtomically(*path, toUtf8(in.evaluate(*text).toString()));
+                return;
+            }
+            std::ifstream inFile(*path, std::ios::binary);
+            if (!inFile) return in.print("ini (none)");
+            for (std::string line; std::getline(inFile, line);) {
+                in.print("ini " + quoteString(fromUtf8(line)));
+            }
+        });
+    }
+
     static const ClassInfo& publicClass(const std::u16string& className) {
         const ClassInfo* cls = findClass(className);
+        // The host's own standard controls sit on a form beside the library's.
+        if (!cls) cls = headless::findStandardClass(className);
         if (!cls) throw Error(err::MemberNotFound, className + u" is not a public class");
         return *cls;
     }
@@ -556,6 +582,7 @@ struct Interpreter::Commands {
             {"resize",    "resize NAME WIDTH HEIGHT",                   4, 4,    &Commands::resize},
             {"answer",    "answer N",                                   2, 2,    &Commands::answer},
             {"clipboard", "clipboard \"TEXT\"",                         2, 2,    &Commands::clipboard},
+            {"ini",       "ini FILE [\"TEXT\"]",                          2, 3,    &Commands::ini},
         };
         // clang-format on
         return commands;
