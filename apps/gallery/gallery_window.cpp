@@ -19,14 +19,16 @@
 #include <map>
 
 #include "corvex/common/boolean_box.h"
+#include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
-#include "corvex/library/form_file.h"
-#include "corvex/posix/atomic_file.h"
+#include "corvex/library/ini_file.h"
+#include "corvex/posix/profile_files.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
 #include "corvex/qt/host.h"
+#include "corvex/services/setting_handle.h"
 
 namespace corvex::gallery {
 
@@ -34,39 +36,52 @@ using qt::fromQString;
 using qt::QtControlHost;
 using qt::toQString;
 
+namespace {
+// The section of the INI file that every value control of the gallery is saved under.
+const MemoryBag::Entry gallerySection{u"SectionName", u"Gallery"};
+}  // namespace
+
 const std::vector<GalleryEntry>& galleryEntries() {
     static const std::vector<GalleryEntry> entries = {
         {&BooleanBox::staticClassInfo,
          u"newsletter",
          u"Check boxes (BooleanBox)",
-         {{u"Caption", u"Send me the newsletter"}}},
+         {{u"Caption", u"Send me the newsletter"}, gallerySection, {u"KeyName", u"newsletter"}}},
         {&BooleanBox::staticClassInfo,
          u"onlyWhenEnabled",
          u"Check boxes (BooleanBox)",
          {{u"Caption", u"Counts only while enabled (AlwaysFalseWhenNotEnabled)"},
-          {u"AlwaysFalseWhenNotEnabled", true}},
+          {u"AlwaysFalseWhenNotEnabled", true},
+          gallerySection,
+          {u"KeyName", u"onlyWhenEnabled"}},
          true},
         {&NumInputBox::staticClassInfo,
          u"amount",
          u"Text and number entry",
-         {},
+         {gallerySection, {u"KeyName", u"amount"}},
          false,
          u"Amount (NumInputBox)",
          GallerySettings::Number},
         {&NumInputBoxR::staticClassInfo,
          u"quantity",
          u"Text and number entry",
-         {{u"MustEnter", true}},
+         {{u"MustEnter", true}, gallerySection, {u"KeyName", u"quantity"}},
          false,
          u"Quantity (NumInputBoxR,\nMustEnter)",
          GallerySettings::Number},
         {&MemoBox::staticClassInfo,
          u"notes",
          u"Text and number entry",
-         {},
+         {gallerySection, {u"KeyName", u"notes"}},
          false,
          u"Notes (MemoBox)",
          GallerySettings::ScrollBars},
+        {&SettingHandle::staticClassInfo,
+         u"settings",
+         u"Saving and loading the values",
+         {},
+         false,
+         u"Save values and Load values\ngo through this SettingHandle"},
     };
     return entries;
 }
@@ -83,21 +98,11 @@ QString whatOf(const std::exception& e) {
     return QStringLiteral("error: %1").arg(QString::fromUtf8(e.what()));
 }
 
-// The control whose Value the form file cannot hold (a line too long, a value of a type it
-// has no form for), found by writing each control alone: the writer's own error need not
-// name it.
-QString unwritableValue(const FormDocument& doc) {
-    for (const SavedControl& control : doc.controls) {
-        FormDocument alone;
-        alone.name = doc.name;
-        alone.controls.push_back(control);
-        try {
-            writeFormFile(alone);
-        } catch (const std::exception&) {
-            return toQString(control.name) + QStringLiteral(".Value");
-        }
-    }
-    return {};
+// The bytes of a file; nullopt when it cannot be read.
+std::optional<QByteArray> bytesOf(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) return std::nullopt;
+    return file.readAll();
 }
 
 }  // namespace
@@ -111,6 +116,7 @@ struct GalleryWindow::Private {
     QLabel* localeId = nullptr;
     QLabel* values = nullptr;
     QLabel* status = nullptr;
+    QLabel* iniFile = nullptr;
     // The log shown: a plain text view appends a line without laying out the others again,
     // and drops the oldest block itself once it holds kLogLimit.
     QPlainTextEdit* events = nullptr;
@@ -242,6 +248,11 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
     d->status->setTextInteractionFlags(Qt::TextSelectableByMouse);
     buttons->addWidget(d->status, 1);
     layout->addLayout(buttons);
+    d->iniFile = new QLabel(this);
+    d->iniFile->setObjectName(QStringLiteral("iniFile"));
+    d->iniFile->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    layout->addWidget(d->iniFile);
+    setValuesFile(valuesFile_);
 
     layout->addWidget(new QLabel(QStringLiteral("Events:"), this));
     d->events = new QPlainTextEdit(this);
@@ -368,48 +379,62 @@ QCheckBox* GalleryWindow::enableSwitch(const QString& name) const {
 }
 
 QString GalleryWindow::valuesFile() const {
-    if (!valuesFile_.isEmpty()) return valuesFile_;
-    return QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) +
-           QStringLiteral("/gallery-values.frm");
+    return valuesFile_;
 }
 
 void GalleryWindow::setValuesFile(const QString& path) {
-    valuesFile_ = path;
+    // A name without a folder lies in the INI folder, as SettingHandle puts it.
+    const QString name = path.isEmpty() ? QStringLiteral("corvex-gallery.ini") : path;
+    const auto native = d->host.profiles().iniPath(fromQString(name));
+    valuesFile_ = native ? QString::fromStdString(*native) : name;
+    settingHandle().setIniFileName(fromQString(valuesFile_));
+    if (d->iniFile) d->iniFile->setText(QStringLiteral("INI file: ") + valuesFile_);
+}
+
+SettingHandle& GalleryWindow::settingHandle() const {
+    return static_cast<SettingHandle&>(*d->form->find(QStringLiteral("settings"))->object());
+}
+
+QStringList GalleryWindow::unsavedValues() const {
+    // What the file now holds, read as SettingHandle reads it: the service itself writes
+    // quietly, so the gallery checks that each value arrived.
+    const auto bytes = bytesOf(valuesFile_);
+    const IniDocument file(
+        bytes ? std::string_view(bytes->constData(), static_cast<std::size_t>(bytes->size()))
+              : std::string_view());
+    QStringList missing;
+    for (QtControlHost* h : d->form->hosts()) {
+        if (!h->classInfo().member(u"SectionName")) continue;
+        Object& o = *h->object();
+        const auto found = file.find(toUtf8(getProperty(o, u"SectionName").toString()),
+                                     toUtf8(getProperty(o, u"KeyName").toString()));
+        const std::string text = toUtf8(getProperty(o, u"Value").toString());
+        // An INI entry holds one line, without the blanks around it.
+        const IniDocument expected([&] {
+            IniDocument one;
+            one.write("s", "k", text);
+            return one.bytes();
+        }());
+        if (found != expected.find("s", "k")) missing << h->objectName();
+    }
+    return missing;
 }
 
 bool GalleryWindow::saveValues() {
-    const QString path = valuesFile();
-    FormDocument doc;
-    doc.name = u"gallery";
-    doc.caption = fromQString(windowTitle());
-    try {
-        for (QtControlHost* h : d->form->hosts()) {
-            if (!h->classInfo().member(u"Value")) continue;
-            doc.controls.push_back({h->classInfo().name(),
-                                    fromQString(h->objectName()),
-                                    {{u"Value", getProperty(*h->object(), u"Value")}}});
-        }
-    } catch (const std::exception& e) {
-        return reportFailure(QStringLiteral("Save values failed: ") + whatOf(e));
-    }
-    std::string text;
-    try {
-        text = writeFormFile(doc);
-    } catch (const std::exception& e) {
-        const QString culprit = unwritableValue(doc);
-        return reportFailure(QStringLiteral("Save values failed: %1 cannot be saved (%2); %3 "
-                                            "is unchanged")
-                                 .arg(culprit.isEmpty() ? QStringLiteral("a value") : culprit,
-                                      QString::fromUtf8(e.what()), path));
-    }
-    try {
-        QDir().mkpath(QFileInfo(path).absolutePath());
-        posix::writeFileAtomically(QFile::encodeName(path).toStdString(), text);
-    } catch (const std::exception& e) {
+    QDir().mkpath(QFileInfo(valuesFile_).absolutePath());
+    settingHandle().saveControlsToIni(Variant(fromQString(valuesFile_)));
+    const std::string error = d->host.profiles().lastWriteError();
+    if (!error.empty()) {
         return reportFailure(QStringLiteral("Save values failed: %1; the old file is unchanged")
-                                 .arg(QString::fromLocal8Bit(e.what())));
+                                 .arg(QString::fromLocal8Bit(error.c_str())));
     }
-    report(QStringLiteral("Saved values to %1").arg(path));
+    const QStringList missing = unsavedValues();
+    if (!missing.isEmpty()) {
+        return reportFailure(
+            QStringLiteral("Save values failed: %1 could not be written (%2 not saved)")
+                .arg(valuesFile_, missing.join(QStringLiteral(", "))));
+    }
+    report(QStringLiteral("Saved values to %1").arg(valuesFile_));
     return true;
 }
 
@@ -424,58 +449,16 @@ void GalleryWindow::report(const QString& message) {
 }
 
 bool GalleryWindow::loadValues() {
-    const QString path = valuesFile();
-    QFile file(path);
+    // A missing file would give every control its default: say so instead.
+    QFile file(valuesFile_);
     if (!file.open(QIODevice::ReadOnly))
         return reportFailure(
-            QStringLiteral("Load values failed: %1: %2").arg(path, file.errorString()));
-    FormDocument doc;
-    try {
-        const QByteArray bytes = file.readAll();
-        doc = parseFormFile(
-            std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    } catch (const FormFileError& e) {
-        return reportFailure(QStringLiteral("Load values failed: %1 line %2: %3")
-                                 .arg(path)
-                                 .arg(e.line())
-                                 .arg(QString::fromUtf8(e.what())));
-    } catch (const std::exception& e) {
-        return reportFailure(QStringLiteral("Load values failed: %1: %2").arg(path, whatOf(e)));
-    }
-    int failures = 0;
-    int ignored = 0;
-    for (const SavedControl& saved : doc.controls) {
-        QtControlHost* h = d->form->find(toQString(saved.name));
-        if (!h || h->classInfo().name() != saved.className) {
-            log(QStringLiteral("Load values: no %1 named %2 on the form")
-                    .arg(toQString(saved.className), toQString(saved.name)));
-            ++failures;
-            continue;
-        }
-        // Values only, as the settings control restores them: a file is data, and must not
-        // reach the design-time properties (a bad ScrollBars would break every later save).
-        for (const auto& [property, value] : saved.properties) {
-            if (property != u"Value") {
-                log(QStringLiteral("Load values: ignored %1.%2 (only values are loaded)")
-                        .arg(toQString(saved.name), toQString(property)));
-                ++ignored;
-                continue;
-            }
-            try {
-                letProperty(*h->object(), property, value);
-            } catch (const std::exception& e) {
-                log(QStringLiteral("Load values: %1.%2: %3")
-                        .arg(toQString(saved.name), toQString(property), whatOf(e)));
-                ++failures;
-            }
-        }
-    }
+            QStringLiteral("Load values failed: %1: %2").arg(valuesFile_, file.errorString()));
+    file.close();
+    settingHandle().getControlsFromIni(Variant(fromQString(valuesFile_)));
     d->values->setText(valuesText());
-    QString summary = QStringLiteral("Loaded values from %1").arg(path);
-    if (failures) summary += QStringLiteral(", %1 could not be loaded").arg(failures);
-    if (ignored) summary += QStringLiteral(", %1 other properties ignored").arg(ignored);
-    report(summary);
-    return failures == 0;
+    report(QStringLiteral("Loaded values from %1").arg(valuesFile_));
+    return true;
 }
 
 void GalleryWindow::storeAll() {

@@ -14,7 +14,8 @@ class QCheckBox;
 
 namespace corvex {
 class ClassInfo;
-}
+class SettingHandle;
+}  // namespace corvex
 
 namespace corvex::qt {
 class QtControlHost;
@@ -74,16 +75,18 @@ public:
     /// The settings switch with the given object name (see GallerySettings), or null.
     QWidget* settingsSwitch(const QString& objectName) const;
 
-    /// The file that Save values and Load values use (under the application's config folder
-    /// unless another was set).
+    /// The INI file that Save values and Load values use through the form's SettingHandle
+    /// (corvex-gallery.ini in the INI folder unless another was set), as a native path.
     QString valuesFile() const;
-    /// Makes Save values and Load values use another file.
+    /// Makes Save values and Load values use another INI file (a name without a folder lies
+    /// in the INI folder); the window shows its path.
     void setValuesFile(const QString& path);
-    /// Writes every control's Value to valuesFile() as a form file, all or nothing; false on
-    /// failure, with the reason (and the control whose value could not be written) shown.
+    /// Saves every control's Value into valuesFile() with SettingHandle.SaveControlsToIni;
+    /// false, with the file and the values that did not arrive shown, when the file could
+    /// not be written (the old one then stays).
     bool saveValues();
-    /// Reads the values back from valuesFile() into the controls' Value, ignoring (and
-    /// reporting) any other property the file holds; false when something could not be loaded.
+    /// Restores every control's Value from valuesFile() with
+    /// SettingHandle.GetControlsFromIni; false when there is no such file.
     bool loadValues();
     /// Calls Store on every control that has it.
     void storeAll();
@@ -106,6 +109,8 @@ signals:
     void logged(const QString& line);
 
 private:
+    SettingHandle& settingHandle() const;
+    QStringList unsavedValues() const;
     QWidget* numberSettings(QWidget* parent);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);

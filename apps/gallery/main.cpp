@@ -3,7 +3,7 @@
 //   corvex-gallery                   the window, to try the controls by hand
 //   corvex-gallery --demo            a short unattended demonstration, then a screenshot
 //   corvex-gallery --screenshot PATH where the screenshot goes (./corvex-gallery.png)
-//   corvex-gallery --values FILE     the file Save values and Load values use
+//   corvex-gallery --values FILE     the INI file Save values and Load values use
 //
 // Without a display it runs the demonstration on Qt's offscreen platform. The demonstration
 // saves and loads a temporary file of its own unless --values names one: it never writes
@@ -29,9 +29,10 @@ void usage() {
         "usage: corvex-gallery [--demo] [--screenshot PATH] [--values FILE]\n"
         "  --demo             run the demonstration and write a screenshot, then exit\n"
         "  --screenshot PATH  where the screenshot goes (default ./corvex-gallery.png)\n"
-        "  --values FILE      the file Save values and Load values use (default\n"
-        "                     gallery-values.frm in the user's config folder; the\n"
-        "                     demonstration uses a temporary file unless this is given)\n"
+        "  --values FILE      the INI file Save values and Load values use through\n"
+        "                     SettingHandle (default corvex-gallery.ini in\n"
+        "                     $XDG_CONFIG_HOME/corvex/ini; the demonstration uses a\n"
+        "                     temporary file unless this is given)\n"
         "Without a display the demonstration runs offscreen.\n",
         stdout);
 }
@@ -85,7 +86,7 @@ int main(int argc, char** argv) {
                        stderr);
             return 1;
         }
-        window.setValuesFile(demoFolder->filePath(QStringLiteral("gallery-values.frm")));
+        window.setValuesFile(demoFolder->filePath(QStringLiteral("gallery-values.ini")));
     }
     if (demo) {
         // Nobody is there to answer a box: it is logged and answered with its default.

@@ -219,6 +219,7 @@ struct ProfileFiles::Private {
     int batchDepth = 0;
     std::size_t parses = 0;
     std::size_t writes = 0;
+    std::string lastError;
 
     // The file as it now is (cached while unchanged); null when it is missing.
     const IniDocument* document(const std::string& path) {
@@ -258,6 +259,7 @@ struct ProfileFiles::Private {
         }
         writeFileAtomically(path, doc.bytes());
         ++writes;
+        lastError.clear();
         if (const auto stamp = stampOf(path)) cache[path] = Cached{*stamp, std::move(doc)};
     }
 
@@ -274,13 +276,16 @@ struct ProfileFiles::Private {
     void flush() {
         auto all = std::move(pending);
         pending.clear();
+        std::string failed;
         for (const auto& [path, p] : all) {
             // The group operations report nothing: a file that cannot be written stays.
             try {
                 apply(path, p);
-            } catch (...) {
+            } catch (const std::exception& e) {
+                failed = e.what();
             }
         }
+        lastError = failed;
     }
 };
 
@@ -335,6 +340,10 @@ std::size_t ProfileFiles::writeCount() const {
     return d->writes;
 }
 
+std::string ProfileFiles::lastWriteError() const {
+    return d->lastError;
+}
+
 std::u16string ProfileFiles::readIni(std::u16string_view file, std::u16string_view section,
                                      std::u16string_view key, std::u16string_view defaultValue) {
     const auto path = iniPath(file);
@@ -354,8 +363,9 @@ void ProfileFiles::writeIni(std::u16string_view file, std::u16string_view sectio
     if (*path == d->folders.iniFolder + "/" + toUtf8(file)) makeFolders(d->folders.iniFolder);
     try {
         d->change(*path, {toUtf8(section), toUtf8(key), toUtf8(value)}, false);
-    } catch (const std::exception&) {
+    } catch (const std::exception& e) {
         // As the Windows service: the old file stays and the call returns quietly.
+        d->lastError = e.what();
     }
 }
 

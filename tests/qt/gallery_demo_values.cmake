@@ -2,8 +2,8 @@
 # works on a temporary file of its own, or on the one --values names. Usage:
 #   cmake -DGALLERY=... -DFOLDER=... -P gallery_demo_values.cmake
 file(REMOVE_RECURSE "${FOLDER}")
-set(user_file "${FOLDER}/config/Corvex/corvex-gallery/gallery-values.frm")
-set(user_values "The user's own values: not a form file, and never read by the demonstration\n")
+set(user_file "${FOLDER}/config/corvex/ini/corvex-gallery.ini")
+set(user_values "; The user's own values, never read by the demonstration\n[Gallery]\namount=7\n")
 file(WRITE "${user_file}" "${user_values}")
 
 function(run_demo)
@@ -33,8 +33,8 @@ else()
   message(FATAL_ERROR "the demonstration did not say where it saved:\n${output}")
 endif()
 
-run_demo(--values "${FOLDER}/chosen.frm")
-file(READ "${FOLDER}/chosen.frm" chosen)
+run_demo(--values "${FOLDER}/chosen.ini")
+file(READ "${FOLDER}/chosen.ini" chosen)
 if(NOT chosen MATCHES "newsletter")
   message(FATAL_ERROR "--values: the demonstration did not save to the file named:\n${chosen}")
 endif()

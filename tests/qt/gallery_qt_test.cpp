@@ -21,7 +21,7 @@
 
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
-#include "corvex/library/form_file.h"
+#include "corvex/library/ini_file.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
@@ -33,12 +33,16 @@
 namespace corvex::qt::testing {
 namespace {
 
+std::string bytesOf(const QString& path) {
+    return corvex::testing::readFile(QFile::encodeName(path).toStdString());
+}
+
 class GalleryQt : public ::testing::Test {
 protected:
     GalleryQt() {
         // Each test has a values file of its own, never the user's settings: the tests run
         // in parallel processes.
-        window.setValuesFile(folder.filePath(QStringLiteral("gallery-values.frm")));
+        window.setValuesFile(folder.filePath(QStringLiteral("gallery-values.ini")));
         // No one is there to answer a box: it is counted and answered OK.
         host.setMessageBoxHandler([this](const MessageBoxRequest&) {
             ++messageBoxes;
@@ -106,28 +110,32 @@ TEST_F(GalleryQt, shouldCheckTheNewsletterBoxOnAMouseClickAndLogTheClick) {
     EXPECT_TRUE(label->text().contains(QStringLiteral("newsletter = True")));
 }
 
-TEST_F(GalleryQt, shouldSaveTheValuesAsAFormFileAndLoadThemBack) {
+TEST_F(GalleryQt, shouldSaveTheValuesIntoAnIniFileThroughItsSettingHandleAndLoadThemBack) {
     letProperty(*control("newsletter")->object(), u"Value", Variant(true));
-    ASSERT_TRUE(window.saveValues());
+    ASSERT_TRUE(window.saveValues()) << window.statusText().toStdString();
 
-    QFile file(window.valuesFile());
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QByteArray bytes = file.readAll();
-    const FormDocument doc =
-        parseFormFile(std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
-    ASSERT_EQ(doc.controls.size(), gallery::galleryEntries().size());
-    EXPECT_EQ(doc.controls[0].className, u"BooleanBox");
-    EXPECT_EQ(doc.controls[0].name, u"newsletter");
-    ASSERT_EQ(doc.controls[0].properties.size(), 1u);
-    EXPECT_EQ(doc.controls[0].properties[0].first, u"Value");
-    EXPECT_EQ(doc.controls[0].properties[0].second.toBoolean().raw, -1);
-    EXPECT_EQ(doc.controls[1].properties[0].second.toBoolean().raw, 0);
+    const IniDocument file(bytesOf(window.valuesFile()));
+    EXPECT_EQ(file.find("gallery", "NEWSLETTER"), "True");
+    EXPECT_EQ(file.find("Gallery", "onlyWhenEnabled"), "False");
+    EXPECT_EQ(file.find("Gallery", "amount"), "");
+    EXPECT_EQ(control("settings")->classInfo().name(), u"SettingHandle");
 
     letProperty(*control("newsletter")->object(), u"Value", Variant(false));
     EXPECT_EQ(value("newsletter"), u"False");
     ASSERT_TRUE(window.loadValues());
     EXPECT_EQ(value("newsletter"), u"True");
     EXPECT_EQ(boxOf("newsletter")->checkState(), Qt::Checked);
+}
+
+TEST_F(GalleryQt, shouldShowThePathOfItsIniFile) {
+    auto* label = window.findChild<QLabel*>(QStringLiteral("iniFile"));
+    ASSERT_NE(label, nullptr);
+    EXPECT_EQ(label->text(), QStringLiteral("INI file: ") + window.valuesFile());
+    window.setValuesFile(QStringLiteral("mine.ini"));
+    const QString inFolder =
+        QString::fromStdString(host.profiles().folders().iniFolder + "/mine.ini");
+    EXPECT_EQ(window.valuesFile(), inFolder);
+    EXPECT_EQ(label->text(), QStringLiteral("INI file: ") + inFolder);
 }
 
 TEST_F(GalleryQt, shouldReportAMissingValuesFile) {
@@ -202,8 +210,9 @@ TEST_F(GalleryQt, shouldShowTypedNumbersInTheValueLineAndSaveAndLoadThem) {
     letProperty(*control("notes")->object(), u"Value", Variant(u""));
     ASSERT_TRUE(window.loadValues());
     EXPECT_EQ(value("amount"), u"12.5");
-    EXPECT_EQ(value("notes"), u"a\r\nb");
-    EXPECT_EQ(qobject_cast<QPlainTextEdit*>(notes)->document()->blockCount(), 2);
+    // An INI entry is one line: the notes come back with their first line only.
+    EXPECT_EQ(value("notes"), u"a");
+    EXPECT_EQ(qobject_cast<QPlainTextEdit*>(notes)->document()->blockCount(), 1);
 }
 
 TEST_F(GalleryQt, shouldStoreAndRestoreTheEntryControls) {
@@ -269,10 +278,6 @@ TEST_F(GalleryQt, shouldSwitchTheMemoBoxScrollBars) {
     EXPECT_FALSE(editOf("notes", "txtMemo(0)")->isVisible());
 }
 
-std::string bytesOf(const QString& path) {
-    return corvex::testing::readFile(QFile::encodeName(path).toStdString());
-}
-
 TEST_F(GalleryQt, shouldKeepTheOldValuesFileAndSayWhyWhenTheDiskIsFull) {
     ASSERT_TRUE(window.saveValues());
     const std::string old = bytesOf(window.valuesFile());
@@ -290,53 +295,34 @@ TEST_F(GalleryQt, shouldKeepTheOldValuesFileAndSayWhyWhenTheDiskIsFull) {
     EXPECT_TRUE(window.statusText().contains(QStringLiteral("File too large")));
     EXPECT_EQ(window.eventLog().last(), window.statusText());
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden),
-              QStringList{QStringLiteral("gallery-values.frm")});
+              QStringList{QStringLiteral("gallery-values.ini")});
 }
 
 TEST_F(GalleryQt, shouldReportAFolderItCannotSaveInto) {
     QFile plain(folder.filePath(QStringLiteral("plain")));
     ASSERT_TRUE(plain.open(QIODevice::WriteOnly));
     plain.close();
-    window.setValuesFile(folder.filePath(QStringLiteral("plain/gallery-values.frm")));
+    window.setValuesFile(folder.filePath(QStringLiteral("plain/gallery-values.ini")));
     EXPECT_FALSE(window.saveValues());
     EXPECT_TRUE(window.statusText().contains(QStringLiteral("Not a directory")))
         << window.statusText().toStdString();
 }
 
-TEST_F(GalleryQt, shouldNameAValueTooLongForTheFileAndKeepTheOldOne) {
-    ASSERT_TRUE(window.saveValues());
-    const std::string old = bytesOf(window.valuesFile());
-    // One line of the form file holds at most 1 MiB, and a value is one line there: 20,000
-    // short lines of notes (short, so that the boxes lay them out quickly) overflow it.
-    std::u16string notes;
-    for (int i = 0; i < 20000; ++i) notes += std::u16string(60, u'x') + u"\r\n";
-    letProperty(*control("notes")->object(), u"Value", Variant(notes));
-    EXPECT_FALSE(window.saveValues());
-    EXPECT_TRUE(window.statusText().contains(QStringLiteral("notes.Value")))
-        << window.statusText().left(300).toStdString();
-    EXPECT_EQ(bytesOf(window.valuesFile()), old);
-}
-
-TEST_F(GalleryQt, shouldLoadOnlyValuesAndReportTheOtherProperties) {
-    FormDocument doc;
-    doc.name = u"gallery";
-    doc.controls.push_back(
-        {u"MemoBox",
-         u"notes",
-         {{u"ScrollBars", Variant(std::int32_t{9})}, {u"Value", Variant(u"x")}}});
-    const std::string text = writeFormFile(doc);
-    QFile file(window.valuesFile());
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text.data(), static_cast<qint64>(text.size()));
-    file.close();
+TEST_F(GalleryQt, shouldKeepEveryOtherLineOfAnIniFileItSavesInto) {
+    const std::string hand =
+        "; kept by hand\r\n[Other]\r\nScrollBars=9\r\n[ GALLERY ]\r\nNotes = 'x' \r\n";
+    corvex::testing::writeFile(QFile::encodeName(window.valuesFile()).toStdString(), hand);
 
     EXPECT_TRUE(window.loadValues());
     EXPECT_EQ(value("notes"), u"x");
     EXPECT_EQ(getProperty(*control("notes")->object(), u"ScrollBars").toInteger(), 0);
-    EXPECT_TRUE(window.eventLog().contains(
-        QStringLiteral("Load values: ignored notes.ScrollBars (only values are loaded)")));
-    EXPECT_TRUE(window.statusText().contains(QStringLiteral("1 other properties ignored")));
+
+    letProperty(*control("notes")->object(), u"Value", Variant(u"y"));
     EXPECT_TRUE(window.saveValues()) << window.statusText().toStdString();
+    const std::string after = bytesOf(window.valuesFile());
+    EXPECT_EQ(after.substr(0, 63),
+              "; kept by hand\r\n[Other]\r\nScrollBars=9\r\n[ GALLERY ]\r\nNotes = y\r\n");
+    EXPECT_EQ(IniDocument(after).find("gallery", "newsletter"), "False");
 }
 
 TEST_F(GalleryQt, shouldAppendToALongLogAtAConstantCost) {

@@ -61,6 +61,9 @@ public:
     std::size_t parseCount() const;
     /// How many times a file was replaced so far.
     std::size_t writeCount() const;
+    /// Why the last INI write (or the last batch) could not replace its file; "" when it
+    /// could. The writes themselves stay quiet, as the Windows service is.
+    std::string lastWriteError() const;
 
     std::u16string readIni(std::u16string_view file, std::u16string_view section,
                            std::u16string_view key, std::u16string_view defaultValue) override;
