@@ -216,6 +216,7 @@ struct ProfileFiles::Private {
     WindowsNameMapper mapper;
     std::unordered_map<std::string, Cached> cache;
     std::map<std::string, Pending> pending;
+    std::map<std::string, bool> seenInBatch;  // path -> whether it existed, looked at once
     int batchDepth = 0;
     std::size_t parses = 0;
     std::size_t writes = 0;
@@ -223,6 +224,19 @@ struct ProfileFiles::Private {
 
     // The file as it now is (cached while unchanged); null when it is missing.
     const IniDocument* document(const std::string& path) {
+        // A group operation looks at each file once: its reads all see that version.
+        if (batchDepth > 0) {
+            const auto seen = seenInBatch.find(path);
+            if (seen != seenInBatch.end() && cache.count(path)) return &cache.at(path).doc;
+            if (seen != seenInBatch.end() && !seen->second) return nullptr;
+        }
+        const IniDocument* doc = current(path);
+        if (batchDepth > 0) seenInBatch[path] = doc != nullptr;
+        return doc;
+    }
+
+    // The file as it now is on disk, parsed again only when it changed.
+    const IniDocument* current(const std::string& path) {
         const auto stamp = stampOf(path);
         if (!stamp) {
             cache.erase(path);
@@ -250,10 +264,10 @@ struct ProfileFiles::Private {
     // Locks the folder, reads the file again, changes it and replaces it atomically.
     void apply(const std::string& path, const Pending& p) {
         FolderLock lock(folderOf(path));
-        const IniDocument* current = document(path);
-        IniDocument doc = current ? *current : IniDocument();
+        const IniDocument* now = current(path);
+        IniDocument doc = now ? *now : IniDocument();
         for (const Change& c : p.changes) doc.write(c.section, c.key, c.value);
-        if (!current && p.privateFile) {
+        if (!now && p.privateFile) {
             const int fd = ::open(path.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600);
             if (fd >= 0) ::close(fd);
         }
@@ -276,6 +290,7 @@ struct ProfileFiles::Private {
     void flush() {
         auto all = std::move(pending);
         pending.clear();
+        seenInBatch.clear();
         std::string failed;
         for (const auto& [path, p] : all) {
             // The group operations report nothing: a file that cannot be written stays.
