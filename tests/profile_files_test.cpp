@@ -304,3 +304,14 @@ TEST(ProfileFoldersTest, shouldFollowTheXdgConfigurationFolder) {
     put("HOME", home);
     put("XDG_CONFIG_HOME", xdg);
 }
+
+TEST_F(ProfileFilesTest, shouldKeepAConfinedServiceInsideItsIniFolder) {
+    files.setConfined(true);
+    EXPECT_EQ(files.iniPath(u"a.ini"), root / "ini/a.ini");
+    EXPECT_EQ(files.iniPath(fromUtf8(root / "a.ini")), std::nullopt);
+    EXPECT_EQ(files.iniPath(u"../a.ini"), std::nullopt);
+    EXPECT_EQ(files.iniPath(u".."), std::nullopt);
+    EXPECT_EQ(files.iniPath(u"C:\\a.ini"), std::nullopt);
+    write(root / "a.ini", "S", "K", "v");
+    EXPECT_FALSE(std::filesystem::exists(root / "a.ini"));
+}

@@ -218,6 +218,7 @@ struct ProfileFiles::Private {
     std::map<std::string, Pending> pending;
     std::map<std::string, bool> seenInBatch;  // path -> whether it existed, looked at once
     int batchDepth = 0;
+    bool confined = false;
     std::size_t parses = 0;
     std::size_t writes = 0;
     std::string lastError;
@@ -323,7 +324,18 @@ void ProfileFiles::setWindowsNameMapper(WindowsNameMapper mapper) {
     d->mapper = std::move(mapper);
 }
 
+void ProfileFiles::setConfined(bool confined) {
+    d->confined = confined;
+}
+
 std::optional<std::string> ProfileFiles::iniPath(std::u16string_view name) const {
+    if (d->confined) {
+        const std::string native = toUtf8(name);
+        if (native.find_first_of("/\\") != std::string::npos || isWindowsName(native) ||
+            native == "." || native == "..") {
+            return std::nullopt;
+        }
+    }
     return resolveIniName(name, d->folders.iniFolder, d->mapper);
 }
 

@@ -53,6 +53,9 @@ public:
     void setFolders(ProfileFolders folders);
     /// Maps Windows file names to native ones (the file-system service's drive mapping).
     void setWindowsNameMapper(WindowsNameMapper mapper);
+    /// Keeps INI files inside the INI folder: a name with a folder, or a Windows name, then
+    /// names no file (for a host that runs scripts it does not trust, as the fuzzer does).
+    void setConfined(bool confined);
     /// The native path of an INI file name; nullopt when it names no file.
     std::optional<std::string> iniPath(std::u16string_view name) const;
     /// The native path of an application's settings file (existing or to be made).
