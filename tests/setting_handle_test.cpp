@@ -23,6 +23,48 @@ using corvex::testing::writeFile;
 
 namespace {
 
+// A value control of the kind the list controls are, made here: a 16-bit integer Value
+// (the selected index), so that integer values go through the same walk.
+class IndexBox : public Control {
+public:
+    explicit IndexBox(ControlSite& site) : Control(site) {}
+    static const ClassInfo& staticClassInfo() {
+        using I = IndexBox;
+        static const ClassInfo info(
+            u"IndexBox", ClassKind::Control,
+            MemberTable<I>()
+                .property(u"SectionName", &I::section, &I::setSection)
+                .property(u"KeyName", &I::key, &I::setKey)
+                .property(u"DefaultValue", &I::defaultValue, &I::setDefaultValue)
+                .property(u"Value", &I::value, &I::setValue)
+                .build(),
+            {}, [](ControlSite& site) { return std::make_shared<IndexBox>(site); });
+        return info;
+    }
+    const ClassInfo& classInfo() const override { return staticClassInfo(); }
+    void initProperties() override {}
+    void readProperties(PropertyBag&) override {}
+    void writeProperties(PropertyBag&) override {}
+    std::u16string section() const { return section_; }
+    void setSection(std::u16string s) { section_ = std::move(s); }
+    std::u16string key() const { return key_; }
+    void setKey(std::u16string k) { key_ = std::move(k); }
+    std::int16_t defaultValue() const { return default_; }
+    void setDefaultValue(std::int16_t v) { default_ = v; }
+    std::int16_t value() const { return value_; }
+    void setValue(std::int16_t v) { value_ = v; }
+
+protected:
+    void releaseWidgets() override {}
+    void widgetEvent(Widget&, WidgetEvent&) override {}
+
+private:
+    std::u16string section_;
+    std::u16string key_;
+    std::int16_t default_ = 0;
+    std::int16_t value_ = 0;
+};
+
 int errorOf(const std::function<void()>& f) {
     try {
         f();
@@ -45,6 +87,12 @@ protected:
         MemoryBag bag({{u"SectionName", Variant(u16(section))}, {u"KeyName", Variant(u16(key))}});
         if (!defaultValue.isEmpty()) bag.write(u"DefaultValue", defaultValue, Variant());
         return h.load(cls, name, bag);
+    }
+    IndexBox& indexBox(const std::u16string& name, const char* s, const char* k) {
+        auto& box = static_cast<IndexBox&>(h.add(IndexBox::staticClassInfo(), name));
+        box.setSection(u16(s));
+        box.setKey(u16(k));
+        return box;
     }
     BooleanBox& booleanBox(const std::u16string& name, const char* s, const char* k,
                            bool defaultValue = false) {
@@ -241,6 +289,33 @@ TEST_F(SettingHandleTest, shouldLeaveAControlUnchangedByTextItsValueRefusesAndGo
     EXPECT_EQ(first.value(), Boolean(true));
     EXPECT_EQ(value(memo), Variant(u"read"));
     EXPECT_EQ(last.value(), Boolean(true));
+}
+
+TEST_F(SettingHandleTest, shouldLeaveAnIntegerValueUnchangedByTextThatIsNoNumber) {
+    IndexBox& bad = indexBox(u"bad", "S", "Bad");
+    IndexBox& good = indexBox(u"good", "S", "Good");
+    bad.setValue(3);
+    writeFile(iniPath("a.ini"), "[S]\nBad=three\nGood=4\n");
+    call(u"GetControlsFromIni", {ini("a.ini")});
+    EXPECT_EQ(bad.value(), 3);
+    EXPECT_EQ(good.value(), 4);
+}
+
+TEST_F(SettingHandleTest, shouldRoundTripAnIntegerValueThroughAnIniFileAndTheSettingsStore) {
+    IndexBox& box = indexBox(u"index", "S", "Index");
+    box.setDefaultValue(9);
+    box.setValue(-12);
+    call(u"SaveControlsToIni", {ini("i.ini")});
+    call(u"SaveControlsToRegistry", {u"App"});
+    EXPECT_EQ(readFile(iniPath("i.ini")), "[S]\nIndex=-12\n");
+    box.setValue(0);
+    call(u"GetControlsFromIni", {ini("i.ini")});
+    EXPECT_EQ(box.value(), -12);
+    box.setValue(0);
+    call(u"GetControlsFromRegistry", {u"App"});
+    EXPECT_EQ(box.value(), -12);
+    call(u"GetControlsFromIni", {ini("none.ini")});
+    EXPECT_EQ(box.value(), 9);
 }
 
 TEST_F(SettingHandleTest, shouldUseTheControlsDefaultValueForAMissingEntry) {
