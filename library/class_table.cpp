@@ -9,11 +9,16 @@
 namespace corvex {
 
 const std::vector<const ClassInfo*>& publicClasses() {
+    // One class a line, so that classes added side by side merge line by line.
+    // clang-format off
     static const std::vector<const ClassInfo*> classes = {
-        &BooleanBox::staticClassInfo(),    &NumInputBox::staticClassInfo(),
-        &NumInputBoxR::staticClassInfo(),  &MemoBox::staticClassInfo(),
+        &BooleanBox::staticClassInfo(),
+        &NumInputBox::staticClassInfo(),
+        &NumInputBoxR::staticClassInfo(),
+        &MemoBox::staticClassInfo(),
         &SettingHandle::staticClassInfo(),
     };
+    // clang-format on
     return classes;
 }
 
