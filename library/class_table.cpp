@@ -4,16 +4,25 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/services/form_handle.h"
+#include "corvex/services/message_box.h"
+#include "corvex/services/msgbox_page.h"
 
 namespace corvex {
 
 const std::vector<const ClassInfo*>& publicClasses() {
+    // One class per line, so that each new class is a line of its own.
+    // clang-format off
     static const std::vector<const ClassInfo*> classes = {
         &BooleanBox::staticClassInfo(),
         &NumInputBox::staticClassInfo(),
         &NumInputBoxR::staticClassInfo(),
         &MemoBox::staticClassInfo(),
+        &FormHandle::staticClassInfo(),
+        &MessageBox::staticClassInfo(),
+        &MsgBoxPage::staticClassInfo(),
     };
+    // clang-format on
     return classes;
 }
 

@@ -10,6 +10,7 @@
 #include "corvex/platform/clipboard.h"
 #include "corvex/platform/form.h"
 #include "corvex/platform/message_box.h"
+#include "corvex/platform/screen.h"
 #include "corvex/platform/surface.h"
 #include "corvex/platform/widgets.h"
 
@@ -53,6 +54,8 @@ public:
     virtual Application& application() = 0;
     /// The form that holds the control; null when it sits on none.
     virtual Form* parentForm() = 0;
+    /// The screen the control's form is shown on.
+    virtual Screen& screen() = 0;
 };
 
 }  // namespace corvex
