@@ -5,6 +5,9 @@
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
 #include "corvex/services/setting_handle.h"
+#include "corvex/services/form_handle.h"
+#include "corvex/services/message_box.h"
+#include "corvex/services/msgbox_page.h"
 
 namespace corvex {
 
@@ -17,6 +20,9 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &NumInputBoxR::staticClassInfo(),
         &MemoBox::staticClassInfo(),
         &SettingHandle::staticClassInfo(),
+        &FormHandle::staticClassInfo(),
+        &MessageBox::staticClassInfo(),
+        &MsgBoxPage::staticClassInfo(),
     };
     // clang-format on
     return classes;

@@ -1,5 +1,7 @@
 #include "corvex/library/enums.h"
 
+#include "corvex/services/msgbox_enums.h"
+
 namespace corvex {
 
 // The names are the published ones, letter for letter; the values equal the C++
@@ -40,8 +42,19 @@ const EnumInfo& enumInfo<ScrollBarsMode>() {
 }
 
 const std::vector<const EnumInfo*>& publicEnumerations() {
+    // One enumeration per line, so that each new one is a line of its own.
+    // clang-format off
     static const std::vector<const EnumInfo*> all = {
-        &enumInfo<CorvexIMEMode>(), &enumInfo<InputMode>(), &enumInfo<ScrollBarsMode>()};
+        &enumInfo<CorvexIMEMode>(),
+        &enumInfo<InputMode>(),
+        &enumInfo<ScrollBarsMode>(),
+        &enumInfo<MsgBoxControlButtonType>(),
+        &enumInfo<MsgBoxControlIconType>(),
+        &enumInfo<MsgBoxControlDefaultButtonType>(),
+        &enumInfo<MsgBoxControlModalType>(),
+        &enumInfo<MsgBoxControlAnswer>(),
+    };
+    // clang-format on
     return all;
 }
 

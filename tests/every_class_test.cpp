@@ -128,18 +128,26 @@ TEST_P(EveryClassTest, shouldWriteNothingForANewControl) {
 TEST_P(EveryClassTest, shouldWriteNothingAfterLoadingAnEmptyBag) {
     MemoryBag empty;
     Control& c = h->load(cls(), u"c", empty);
+    // Written before the reads: reading MessageBox's Answer shows the box and keeps its answer.
+    MemoryBag bag;
+    c.writeProperties(bag);
+    EXPECT_TRUE(bag.entries().empty());
     for (const auto& m : cls().members()) {
         if (m.readable() && m.params.empty()) {
             EXPECT_NO_THROW(getProperty(c, m.name)) << toUtf8(m.name);
         }
     }
-    MemoryBag bag;
-    c.writeProperties(bag);
-    EXPECT_TRUE(bag.entries().empty());
+}
+
+// Saved properties that no caller can set (MessageBox's answers) keep their defaults here;
+// their own tests save and load them.
+std::vector<const MemberInfo*> settable(std::vector<const MemberInfo*> saved) {
+    std::erase_if(saved, [](const MemberInfo* m) { return !m->writable(); });
+    return saved;
 }
 
 TEST_P(EveryClassTest, shouldWriteEachSavedPropertyAloneUnderItsBagNameAndKind) {
-    for (const MemberInfo* m : cls().savedInWriteOrder()) {
+    for (const MemberInfo* m : settable(cls().savedInWriteOrder())) {
         const std::u16string name = u"c" + m->name;
         Control& c = add(name);
         const Variant fresh = getProperty(c, m->name);
@@ -160,11 +168,13 @@ TEST_P(EveryClassTest, shouldWriteEachSavedPropertyAloneUnderItsBagNameAndKind) 
 
 TEST_P(EveryClassTest, shouldWriteInTheTablesOrderAndReadBackUnderTheTablesReadNames) {
     Control& a = add(u"a");
-    for (const MemberInfo* m : cls().savedInWriteOrder()) change(a, *m);
+    for (const MemberInfo* m : settable(cls().savedInWriteOrder())) change(a, *m);
     MemoryBag bag;
     a.writeProperties(bag);
     std::vector<std::u16string> written;
-    for (const MemberInfo* m : cls().savedInWriteOrder()) written.push_back(m->saved->writeName);
+    for (const MemberInfo* m : settable(cls().savedInWriteOrder())) {
+        written.push_back(m->saved->writeName);
+    }
     EXPECT_EQ(entryNames(bag), written);
 
     RecordingBag recording(bag);
@@ -173,7 +183,7 @@ TEST_P(EveryClassTest, shouldWriteInTheTablesOrderAndReadBackUnderTheTablesReadN
     for (const MemberInfo* m : cls().savedInReadOrder()) read.push_back(m->saved->readName);
     EXPECT_EQ(recording.reads, read);
 
-    for (const MemberInfo* m : cls().savedInWriteOrder()) {
+    for (const MemberInfo* m : settable(cls().savedInWriteOrder())) {
         EXPECT_EQ(getProperty(b, m->name), getProperty(a, m->name))
             << toUtf8(m->name) << " survives a save and load";
     }

@@ -29,6 +29,7 @@
 #include "corvex/qt/form.h"
 #include "corvex/qt/host.h"
 #include "corvex/services/setting_handle.h"
+#include "msgbox_designer.h"
 
 namespace corvex::gallery {
 
@@ -243,6 +244,10 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
     addButton(QStringLiteral("Load values"), [this] { loadValues(); });
     addButton(QStringLiteral("Store"), [this] { storeAll(); });
     addButton(QStringLiteral("Restore"), [this] { restoreAll(); });
+    addButton(QStringLiteral("Message box properties..."), [this] {
+        MessageBoxDesigner designer(this);
+        designer.exec();
+    });
     d->status = new QLabel(this);
     d->status->setObjectName(QStringLiteral("status"));
     d->status->setTextInteractionFlags(Qt::TextSelectableByMouse);

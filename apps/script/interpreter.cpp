@@ -13,6 +13,11 @@
 #include "corvex/library/literals.h"
 #include "corvex/library/memory_bag.h"
 #include "corvex/posix/atomic_file.h"
+#include "corvex/headless/page_widgets.h"
+#include "corvex/library/class_table.h"
+#include "corvex/library/literals.h"
+#include "corvex/library/memory_bag.h"
+#include "corvex/services/property_page.h"
 
 namespace corvex::script {
 
@@ -342,6 +347,14 @@ struct Interpreter::Commands {
 
     static void getOrCall(Interpreter& in, const Tokens& t, const Command& c) {
         const bool isGet = c.word == "get";
+        if (isGet && t.size() == 2 && isWord(t[1].substr(0, t[1].find('.')), "form")) {
+            const std::u16string member = memberTarget(t[1]).second;
+            in.execute([&] {
+                const Variant v = formProperty(in, member);
+                in.print("= " + typeWord(v.type()) + " " + formatValue(v));
+            });
+            return;
+        }
         const auto target = memberTarget(t[1]);
         const ControlName& name = target.first;
         const std::u16string& member = target.second;
@@ -385,26 +398,27 @@ struct Interpreter::Commands {
     }
 
     static void type(Interpreter& in, const Tokens& t, const Command&) {
-        const ControlName name = controlName(t[1]);
+        const WidgetTarget target = widgetTarget(in, t[1]);
         const Operand text = in.operand(t[2]);
         in.execute([&] {
-            headless::Site& s = in.site(name);
+            headless::Site& s = in.site(target.control);
             const std::u16string chars = in.evaluate(text).toString();
-            headless::HeadlessWidget* w = keyTarget(s);
+            headless::HeadlessWidget* w = target.widget ? &innerWidget(s, target) : keyTarget(s);
             for (char16_t ch : chars) w->type(ch);
         });
     }
 
     static void key(Interpreter& in, const Tokens& t, const Command&) {
-        const ControlName name = controlName(t[1]);
+        const WidgetTarget target = widgetTarget(in, t[1]);
         const Operand code = in.operand(t[2]);
         const std::optional<Operand> shift =
             t.size() > 3 ? std::optional(in.operand(t[3])) : std::nullopt;
         in.execute([&] {
-            headless::Site& s = in.site(name);
+            headless::Site& s = in.site(target.control);
             const std::int16_t k = in.evaluate(code).toInteger();
             const std::int16_t sh = shift ? in.evaluate(*shift).toInteger() : std::int16_t{0};
-            keyTarget(s)->pressKey(k, sh);
+            headless::HeadlessWidget* w = target.widget ? &innerWidget(s, target) : keyTarget(s);
+            w->pressKey(k, sh);
         });
     }
 
@@ -455,48 +469,123 @@ struct Interpreter::Commands {
         });
     }
 
-    static void click(Interpreter& in, const Tokens& t, const Command&) {
-        std::string_view target = t[1];
-        const std::size_t dot = target.find('.');
-        const ControlName name = controlName(target.substr(0, dot));
-        std::optional<std::u16string> widgetName;
+    // NAME, NAME.WIDGET or NAME.WIDGET(I): a control and, optionally, one of its widgets.
+    struct WidgetTarget {
+        ControlName control;
+        std::optional<std::u16string> widget;
         std::int16_t index = -1;
-        if (dot != std::string_view::npos) {
-            std::string_view rest = target.substr(dot + 1);
-            const std::size_t paren = rest.find('(');
-            if (paren != std::string_view::npos) {
-                if (!rest.ends_with(')'))
-                    throw ParseError{"expected NAME.WIDGET(I), found " + shown(target)};
-                const Operand i = in.operand(rest.substr(paren + 1, rest.size() - paren - 2));
-                if (i.isName || i.value.type() != VarType::Integer || i.value.asInteger() < 0) {
-                    throw ParseError{"the element index of " + shown(target) +
-                                     " must be a whole number from 0 to 32767"};
-                }
-                index = i.value.asInteger();
-                rest = rest.substr(0, paren);
+    };
+
+    static WidgetTarget widgetTarget(const Interpreter& in, std::string_view target) {
+        const std::size_t dot = target.find('.');
+        WidgetTarget out{controlName(target.substr(0, dot)), std::nullopt, -1};
+        if (dot == std::string_view::npos) return out;
+        std::string_view rest = target.substr(dot + 1);
+        const std::size_t paren = rest.find('(');
+        if (paren != std::string_view::npos) {
+            if (!rest.ends_with(')'))
+                throw ParseError{"expected NAME.WIDGET(I), found " + shown(target)};
+            const Operand i = in.operand(rest.substr(paren + 1, rest.size() - paren - 2));
+            if (i.isName || i.value.type() != VarType::Integer || i.value.asInteger() < 0) {
+                throw ParseError{"the element index of " + shown(target) +
+                                 " must be a whole number from 0 to 32767"};
             }
-            if (!isName(rest)) throw ParseError{"expected NAME.WIDGET, found " + shown(target)};
-            widgetName = fromUtf8(rest);
+            out.index = i.value.asInteger();
+            rest = rest.substr(0, paren);
         }
+        if (!isName(rest)) throw ParseError{"expected NAME.WIDGET, found " + shown(target)};
+        out.widget = fromUtf8(rest);
+        return out;
+    }
+
+    // The inner widget a target names: 340 for a missing element, 438 for no such widget.
+    static headless::HeadlessWidget& innerWidget(headless::Site& s, const WidgetTarget& target) {
+        bool nameSeen = false;
+        for (headless::HeadlessWidget* w : s.widgetList()) {
+            if (!equalsIgnoringCase(w->name(), *target.widget)) continue;
+            nameSeen = true;
+            if (w->index() == target.index) return *w;
+        }
+        if (nameSeen) throw Error(err::ControlArrayElementMissing);
+        throw Error(err::MemberNotFound,
+                    s.displayName() + u" has no inner widget named " + *target.widget);
+    }
+
+    static void click(Interpreter& in, const Tokens& t, const Command&) {
+        const WidgetTarget target = widgetTarget(in, t[1]);
         in.execute([&] {
-            headless::Site& s = in.site(name);
-            if (!widgetName) {
+            headless::Site& s = in.site(target.control);
+            if (!target.widget) {
                 if (headless::HeadlessWidget* w = firstVisible(s)) w->click();
                 return;
             }
-            bool nameSeen = false;
-            for (headless::HeadlessWidget* w : s.widgetList()) {
-                if (!equalsIgnoringCase(w->name(), *widgetName)) continue;
-                nameSeen = true;
-                if (w->index() == index) {
-                    w->click();
-                    return;
-                }
-            }
-            if (nameSeen) throw Error(err::ControlArrayElementMissing);
-            throw Error(err::MemberNotFound,
-                        s.displayName() + u" has no inner widget named " + *widgetName);
+            innerWidget(s, target).click();
         });
+    }
+
+    static void pick(Interpreter& in, const Tokens& t, const Command& c) {
+        const WidgetTarget target = widgetTarget(in, t[1]);
+        if (!target.widget) throw ParseError{"usage: " + std::string(c.usage)};
+        const Operand entry = in.operand(t[2]);
+        in.execute([&] {
+            headless::Site& s = in.site(target.control);
+            auto* list = dynamic_cast<headless::HeadlessItemList*>(&innerWidget(s, target));
+            if (!list) throw Error(err::MemberNotFound, *target.widget + u" is not a list");
+            list->pick(in.evaluate(entry).toLong());
+        });
+    }
+
+    static PropertyPage& page(headless::Site& s) {
+        auto* p = dynamic_cast<PropertyPage*>(&s.control());
+        if (!p) throw Error(err::MemberNotFound, s.displayName() + u" is not a property page");
+        return *p;
+    }
+
+    static void select(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName pageName = controlName(t[1]);
+        std::vector<ControlName> names;
+        for (std::size_t i = 2; i < t.size(); ++i) names.push_back(controlName(t[i]));
+        in.execute([&] {
+            PropertyPage& p = page(in.site(pageName));
+            std::vector<ObjectRef> selected;
+            for (const ControlName& n : names) selected.push_back(in.site(n).controlRef());
+            p.setSelectedControls(std::move(selected));
+        });
+    }
+
+    static void apply(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName pageName = controlName(t[1]);
+        in.execute([&] { page(in.site(pageName)).apply(); });
+    }
+
+    static void formGeometry(Interpreter& in, const Tokens& t, const Command&) {
+        std::vector<Operand> values;
+        for (std::size_t i = 1; i < t.size(); ++i) values.push_back(in.operand(t[i]));
+        in.execute([&] {
+            float v[4];
+            for (std::size_t i = 0; i < 4; ++i) v[i] = in.evaluate(values[i]).toSingle();
+            in.form_.move(v[0], v[1], v[2], v[3]);
+        });
+    }
+
+    static void screen(Interpreter& in, const Tokens& t, const Command&) {
+        const Operand width = in.operand(t[1]);
+        const Operand height = in.operand(t[2]);
+        in.execute([&] {
+            const float w = in.evaluate(width).toSingle();
+            in.host_.setScreenSize(w, in.evaluate(height).toSingle());
+        });
+    }
+
+    // get form.Left, Top, Width, Height or TopMost: the form's geometry as controls see it.
+    static Variant formProperty(const Interpreter& in, const std::u16string& member) {
+        const Form& f = in.form_;
+        if (equalsIgnoringCase(member, u"Left")) return Variant(f.left());
+        if (equalsIgnoringCase(member, u"Top")) return Variant(f.top());
+        if (equalsIgnoringCase(member, u"Width")) return Variant(f.width());
+        if (equalsIgnoringCase(member, u"Height")) return Variant(f.height());
+        if (equalsIgnoringCase(member, u"TopMost")) return Variant(Boolean(f.topMost()));
+        throw Error(err::MemberNotFound);
     }
 
     static void resize(Interpreter& in, const Tokens& t, const Command&) {
@@ -573,8 +662,8 @@ struct Interpreter::Commands {
             {"get",       "get NAME.MEMBER [ARG ...]",                  2, any, &Commands::getOrCall},
             {"call",      "call NAME.METHOD [ARG ...]",                 2, any, &Commands::getOrCall},
             {"set",       "set NAME.MEMBER [ARG ...] = LITERAL",        4, any, &Commands::set},
-            {"type",      "type NAME \"TEXT\"",                         3, 3,    &Commands::type},
-            {"key",       "key NAME CODE [SHIFT]",                      3, 4,    &Commands::key},
+            {"type",      "type NAME[.WIDGET] \"TEXT\"",                3, 3,    &Commands::type},
+            {"key",       "key NAME[.WIDGET] CODE [SHIFT]",             3, 4,    &Commands::key},
             {"caret",     "caret NAME START [LENGTH]",                  3, 4,    &Commands::caret},
             {"focus",     "focus NAME",                                 2, 2,    &Commands::focus},
             {"blur",      "blur NAME",                                  2, 2,    &Commands::focus},
@@ -583,6 +672,11 @@ struct Interpreter::Commands {
             {"answer",    "answer N",                                   2, 2,    &Commands::answer},
             {"clipboard", "clipboard \"TEXT\"",                         2, 2,    &Commands::clipboard},
             {"ini",       "ini FILE [\"TEXT\"]",                          2, 3,    &Commands::ini},
+            {"pick",      "pick NAME.WIDGET INDEX",                     3, 3,    &Commands::pick},
+            {"select",    "select PAGE [NAME ...]",                     2, any, &Commands::select},
+            {"apply",     "apply PAGE",                                 2, 2,    &Commands::apply},
+            {"form",      "form LEFT TOP WIDTH HEIGHT",                 5, 5,    &Commands::formGeometry},
+            {"screen",    "screen WIDTH HEIGHT",                        3, 3,    &Commands::screen},
         };
         // clang-format on
         return commands;

@@ -224,4 +224,9 @@ void HeadlessForm::move(float left, float top, float width, float height) {
     height_ = height;
 }
 
+bool HeadlessForm::setTopMost(bool on) {
+    topMost_ = on;
+    return true;
+}
+
 }  // namespace corvex::headless

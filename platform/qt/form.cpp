@@ -108,4 +108,20 @@ void QtForm::move(float left, float top, float width, float height) {
               std::max(0, px(height, d->twipsPerPixelY()) - frameExtra.height()));
 }
 
+bool QtForm::topMost() const {
+    return d->window && d->window->windowFlags().testFlag(Qt::WindowStaysOnTopHint);
+}
+
+bool QtForm::setTopMost(bool on) {
+    QWidget* w = d->window;
+    if (!w) return false;
+    // Changing a window's flags hides it and may let the window system place it anew:
+    // the place is put back and the window shown, as the topmost change asks for.
+    const QPoint place = w->pos();
+    w->setWindowFlag(Qt::WindowStaysOnTopHint, on);
+    w->move(place);
+    w->show();
+    return true;
+}
+
 }  // namespace corvex::qt

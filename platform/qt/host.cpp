@@ -8,6 +8,7 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLocale>
+#include <QTimer>
 #include <QUrl>
 #include <QtDebug>
 
@@ -60,6 +61,9 @@ MessageBoxLayout messageBoxLayout(std::int32_t style) {
     layout.help = (style & 0x4000) != 0;
     if (layout.help) layout.buttons.append(QMessageBox::Help);
     layout.rightAligned = (style & 0x80000) != 0;
+    // A system-modal box is kept above every other window, as the host keeps its own.
+    layout.stayOnTop = (style & 0x1000) != 0;
+    layout.foreground = (style & 0x10000) != 0;
     const int index = (style & 0x300) >> 8;
     layout.defaultButton =
         index < layout.buttons.size() ? layout.buttons[index] : layout.buttons[0];
@@ -172,6 +176,14 @@ std::int32_t QtHost::messageBox(const MessageBoxRequest& request) {
     }
     KeepOpen keepOpen;
     if (!layout.escapable) box.installEventFilter(&keepOpen);
+    if (layout.stayOnTop) box.setWindowFlag(Qt::WindowStaysOnTopHint, true);
+    if (layout.foreground) {
+        // Raised and activated once shown, even when the application is in the background.
+        QTimer::singleShot(0, &box, [&box] {
+            box.raise();
+            box.activateWindow();
+        });
+    }
 
     for (;;) {
         box.exec();

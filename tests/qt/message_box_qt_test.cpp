@@ -70,6 +70,13 @@ TEST(MessageBoxLayout, shouldRightAlignWithBit0x80000) {
     EXPECT_FALSE(messageBoxLayout(64).rightAligned);
 }
 
+TEST(MessageBoxLayout, shouldKeepSystemModalBoxesOnTopAndBringForegroundOnesForward) {
+    EXPECT_TRUE(messageBoxLayout(0x1000).stayOnTop);
+    EXPECT_FALSE(messageBoxLayout(0x1000).foreground);
+    EXPECT_TRUE(messageBoxLayout(0x10000).foreground);
+    EXPECT_FALSE(messageBoxLayout(0x10000 | 64).stayOnTop);
+}
+
 TEST(MessageBoxLayout, shouldLetOnlyBoxesWithCancelOrALoneOkBeDismissed) {
     EXPECT_TRUE(messageBoxLayout(0).escapable);
     EXPECT_TRUE(messageBoxLayout(1).escapable);

@@ -37,7 +37,11 @@ public:
 
 /// The application-wide part of the headless host: ambient properties, message boxes
 /// with scripted answers, the clipboard and the application's title.
-class Host : public Ambient, public Application, public MessageBoxService, public Clipboard {
+class Host : public Ambient,
+             public Application,
+             public MessageBoxService,
+             public Clipboard,
+             public Screen {
 public:
     /// A host in run mode, locale 1033, with the default font.
     Host();
@@ -73,6 +77,16 @@ public:
     /// Twips per screen pixel (15, a 96 dpi screen).
     double twipsPerPixel() const { return 15; }
 
+    float width() const override { return screenWidth_; }
+    float height() const override { return screenHeight_; }
+    double twipsPerPixelX() const override { return twipsPerPixel(); }
+    double twipsPerPixelY() const override { return twipsPerPixel(); }
+    /// Sets the screen's size in twips (1920 x 1080 pixels at first).
+    void setScreenSize(float width, float height) {
+        screenWidth_ = width;
+        screenHeight_ = height;
+    }
+
     /// Who hears what happens; null for nobody.
     void setObserver(HostObserver* o) { observer_ = o; }
     /// The observer, or null.
@@ -88,6 +102,8 @@ private:
     std::u16string clipboard_;
     HostObserver* observer_ = nullptr;
     posix::ProfileFiles profiles_;
+    float screenWidth_ = 28800;
+    float screenHeight_ = 16200;
 };
 
 /// An event as the host received it, with its arguments after the handler ran.
@@ -161,6 +177,7 @@ public:
     Application& application() override { return host_; }
     Form* parentForm() override;
     ProfileService& profiles() override { return host_.profiles(); }
+    Screen& screen() override { return host_; }
 
     // Surface
     float scaleWidth() const override;
@@ -176,6 +193,8 @@ public:
     // WidgetFactory
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& spec) override;
     std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) override;
+    std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& spec) override;
+    std::unique_ptr<ItemList> createItemList(const WidgetSpec& spec) override;
 
     // Sinks
     void propertyChanged(std::u16string_view name) override;
@@ -232,6 +251,8 @@ public:
     float width() const override { return width_; }
     float height() const override { return height_; }
     void move(float left, float top, float width, float height) override;
+    bool topMost() const override { return topMost_; }
+    bool setTopMost(bool on) override;
 
 private:
     friend class HeadlessWidget;
@@ -248,6 +269,7 @@ private:
     float top_ = 0;
     float width_ = 9600;
     float height_ = 7200;
+    bool topMost_ = false;
 };
 
 }  // namespace corvex::headless

@@ -23,6 +23,11 @@ public:
     virtual float height() const = 0;
     /// Moves and sizes the form.
     virtual void move(float left, float top, float width, float height) = 0;
+    /// Whether the form stays above every window that is not topmost itself.
+    virtual bool topMost() const = 0;
+    /// Makes the form topmost (or not) and shows it, keeping its place and size; returns
+    /// whether the window system took the change.
+    virtual bool setTopMost(bool on) = 0;
 };
 
 }  // namespace corvex

@@ -14,6 +14,11 @@ inline constexpr std::int32_t Question = 32;     ///< question icon
 inline constexpr std::int32_t Exclamation = 48;  ///< exclamation icon
 inline constexpr std::int32_t Information = 64;  ///< information icon
 inline constexpr std::int32_t AnswerOk = 1;      ///< the OK button was pressed
+
+inline constexpr std::int32_t HelpButton = 0x4000;     ///< adds a Help button
+inline constexpr std::int32_t SystemModal = 0x1000;    ///< modal to the whole system
+inline constexpr std::int32_t Foreground = 0x10000;    ///< the box comes to the foreground
+inline constexpr std::int32_t RightAligned = 0x80000;  ///< the text is right-aligned
 }  // namespace mb
 
 /// What a message box shows.

@@ -11,6 +11,7 @@
 #include "corvex/platform/form.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/platform/profiles.h"
+#include "corvex/platform/screen.h"
 #include "corvex/platform/surface.h"
 #include "corvex/platform/widgets.h"
 
@@ -56,6 +57,8 @@ public:
     virtual Form* parentForm() = 0;
     /// INI files and the per-user settings store.
     virtual ProfileService& profiles() = 0;
+    /// The screen the control's form is shown on.
+    virtual Screen& screen() = 0;
 };
 
 }  // namespace corvex

@@ -219,6 +219,9 @@ struct TextBoxSpec : WidgetSpec {
     bool nativeClipboard = true;
 };
 
+class TextLabel;
+class ItemList;
+
 /// Creates the inner widgets of one control on its surface.
 class WidgetFactory {
 public:
@@ -227,6 +230,10 @@ public:
     virtual std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& spec) = 0;
     /// A text box.
     virtual std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) = 0;
+    /// A caption (see corvex/platform/page_widgets.h).
+    virtual std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& spec) = 0;
+    /// A drop-down list with item data (see corvex/platform/page_widgets.h).
+    virtual std::unique_ptr<ItemList> createItemList(const WidgetSpec& spec) = 0;
 };
 
 }  // namespace corvex

@@ -134,11 +134,17 @@ public:
     Form* parentForm() override;
     /// The host's INI files and settings store.
     ProfileService& profiles() override;
+    /// The application's primary screen.
+    Screen& screen() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;
     /// A QtTextBox on this surface.
     std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& design) override;
+    /// A QtTextLabel on this surface.
+    std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& design) override;
+    /// A QtItemList on this surface.
+    std::unique_ptr<ItemList> createItemList(const WidgetSpec& design) override;
 
     /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
     void raiseEvent(const EventInfo& event, std::span<Variant> args) override;

@@ -62,6 +62,11 @@ public:
     float height() const override;
     /// Moves and sizes the window by its outer frame (twips).
     void move(float left, float top, float width, float height) override;
+    /// Whether the window has the stays-on-top hint.
+    bool topMost() const override;
+    /// Sets or clears the window's stays-on-top hint and shows the window where it was;
+    /// false when the window has gone.
+    bool setTopMost(bool on) override;
 
 private:
     struct Private;

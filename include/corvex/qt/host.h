@@ -34,6 +34,10 @@ struct MessageBoxLayout {
     bool rightAligned = false;
     /// Whether Escape and the close box dismiss the box (only with Cancel or a lone OK).
     bool escapable = true;
+    /// Whether the box stays above every window (system modal, style & 0x1000).
+    bool stayOnTop = false;
+    /// Whether the box is brought to the foreground and activated (style & 0x10000).
+    bool foreground = false;
 };
 
 /// The QMessageBox layout of a message-box style.

@@ -1,0 +1,60 @@
+#include "corvex/services/property_page.h"
+
+namespace corvex {
+
+struct PropertyPage::Private {
+    std::vector<ObjectRef> selected;
+    bool changed = false;
+    bool loading = false;
+};
+
+PropertyPage::PropertyPage(ControlSite& site) : Control(site), d(std::make_unique<Private>()) {}
+
+PropertyPage::~PropertyPage() = default;
+
+const std::vector<ObjectRef>& PropertyPage::selectedControls() const {
+    return d->selected;
+}
+
+void PropertyPage::setSelectedControls(std::vector<ObjectRef> controls) {
+    checkAvailable();
+    d->selected = std::move(controls);
+    // The widgets are filled by code: their Change and Click are not the user's edits.
+    d->loading = true;
+    try {
+        selectionChanged();
+    } catch (...) {
+        d->loading = false;
+        throw;
+    }
+    d->loading = false;
+    d->changed = false;
+}
+
+bool PropertyPage::changed() const {
+    return d->changed;
+}
+
+void PropertyPage::setChanged(bool v) {
+    d->changed = v;
+}
+
+void PropertyPage::apply() {
+    checkAvailable();
+    applyChanges();
+    d->changed = false;
+}
+
+Object* PropertyPage::firstSelected() const {
+    return d->selected.empty() ? nullptr : d->selected.front().get();
+}
+
+bool PropertyPage::loading() const {
+    return d->loading;
+}
+
+void PropertyPage::edited() {
+    if (!d->loading) d->changed = true;
+}
+
+}  // namespace corvex
