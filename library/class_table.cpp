@@ -4,15 +4,15 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/files/file_name_box.h"
 
 namespace corvex {
 
 const std::vector<const ClassInfo*>& publicClasses() {
     static const std::vector<const ClassInfo*> classes = {
-        &BooleanBox::staticClassInfo(),
-        &NumInputBox::staticClassInfo(),
-        &NumInputBoxR::staticClassInfo(),
-        &MemoBox::staticClassInfo(),
+        &BooleanBox::staticClassInfo(),   &NumInputBox::staticClassInfo(),
+        &NumInputBoxR::staticClassInfo(), &MemoBox::staticClassInfo(),
+        &FileNameBox::staticClassInfo(),
     };
     return classes;
 }

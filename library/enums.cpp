@@ -39,9 +39,18 @@ const EnumInfo& enumInfo<ScrollBarsMode>() {
     return info;
 }
 
+template <>
+const EnumInfo& enumInfo<CheckExistsMode>() {
+    static const EnumInfo info{
+        u"CheckExistsMode",
+        {{u"NoCheck", 0}, {u"FileOnly", 1}, {u"FolderOnly", 2}, {u"FileAndFolder", 3}}};
+    return info;
+}
+
 const std::vector<const EnumInfo*>& publicEnumerations() {
     static const std::vector<const EnumInfo*> all = {
-        &enumInfo<CorvexIMEMode>(), &enumInfo<InputMode>(), &enumInfo<ScrollBarsMode>()};
+        &enumInfo<CorvexIMEMode>(), &enumInfo<InputMode>(), &enumInfo<ScrollBarsMode>(),
+        &enumInfo<CheckExistsMode>()};
     return all;
 }
 

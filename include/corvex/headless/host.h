@@ -69,6 +69,11 @@ public:
     /// Twips per screen pixel (15, a 96 dpi screen).
     double twipsPerPixel() const { return 15; }
 
+    /// The file system names are looked up in; nothing exists in it until one is set.
+    FileSystem& fileSystem() const { return fileSystem_ ? *fileSystem_ : emptyFileSystem(); }
+    /// Sets the file system (not owned; null for none).
+    void setFileSystem(FileSystem* fs) { fileSystem_ = fs; }
+
     /// Who hears what happens; null for nobody.
     void setObserver(HostObserver* o) { observer_ = o; }
     /// The observer, or null.
@@ -83,6 +88,7 @@ private:
     std::vector<MessageBoxRequest> shown_;
     std::u16string clipboard_;
     HostObserver* observer_ = nullptr;
+    FileSystem* fileSystem_ = nullptr;
 };
 
 /// An event as the host received it, with its arguments after the handler ran.
@@ -155,6 +161,7 @@ public:
     Clipboard& clipboard() override { return host_; }
     Application& application() override { return host_; }
     Form* parentForm() override;
+    FileSystem& fileSystem() override { return host_.fileSystem(); }
 
     // Surface
     float scaleWidth() const override;

@@ -8,6 +8,7 @@
 #include "corvex/platform/ambient.h"
 #include "corvex/platform/application.h"
 #include "corvex/platform/clipboard.h"
+#include "corvex/platform/file_system.h"
 #include "corvex/platform/form.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/platform/surface.h"
@@ -53,6 +54,8 @@ public:
     virtual Application& application() = 0;
     /// The form that holds the control; null when it sits on none.
     virtual Form* parentForm() = 0;
+    /// The file system Windows names are looked up in; by default one where nothing exists.
+    virtual FileSystem& fileSystem() { return emptyFileSystem(); }
 };
 
 }  // namespace corvex
