@@ -43,6 +43,7 @@ FileNameBox::FileNameBox(ControlSite& site) : TextControl(site), d(std::make_uni
     spec.listener = this;
     spec.width = innerWidth();
     spec.height = innerHeight();
+    spec.acceptsFiles = true;
     d->txt = site.widgets().createTextBox(spec);
     txt().setBackColor(color::WindowBackground);
     txt().setForeColor(color::WindowText);

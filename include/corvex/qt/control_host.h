@@ -132,6 +132,8 @@ public:
     Application& application() override;
     /// The form the control sits on, or null.
     Form* parentForm() override;
+    /// The host's file system (Windows names through the drive map).
+    FileSystem& fileSystem() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;
