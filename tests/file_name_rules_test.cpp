@@ -143,6 +143,19 @@ TEST(FileNameText, shouldGiveTheLastPositionCountedFromOne) {
     EXPECT_EQ(lastPosition(u"\\", u'\\'), 1);
 }
 
+TEST(FileNameText, shouldGiveNoLastPositionInAnInvalidOrEmptyText) {
+    FakeFileSystem fs;
+    TestEnv env(fs, false);
+    EXPECT_EQ(lastCharPosition(u"C:\\a\\b.txt", u'\\', loaded(), env), 5);
+    EXPECT_EQ(lastCharPosition(u"C:\\a\\b.txt", u'.', loaded(), env), 7);
+    EXPECT_EQ(lastCharPosition(u"C:\\ab", u'.', loaded(), env), 0);
+    EXPECT_EQ(lastCharPosition(u"", u'\\', loaded(), env), 0);
+    EXPECT_TRUE(env.shown.empty());
+    EXPECT_EQ(lastCharPosition(u"C:\\a|\\b", u'\\', loaded(), env), 0);
+    EXPECT_EQ(env.shown.size(), 1u) << "the validation warned";
+    EXPECT_EQ(lastCharPosition(u"C:\\a\\b", u'\\', loaded(1), env), 0) << "not found";
+}
+
 // --- the worked examples --------------------------------------------------------------
 
 TEST(FileNameParts, shouldTakeEachWorkedExampleApartRowForRow) {

@@ -202,6 +202,12 @@ std::int32_t lastPosition(std::u16string_view text, char16_t ch) {
     return p == std::u16string_view::npos ? 0 : static_cast<std::int32_t>(p + 1);
 }
 
+std::int32_t lastCharPosition(std::u16string_view text, char16_t ch, const FileNameSettings& s,
+                              FileNameEnv& env) {
+    if (!validate(text, s, env) || text.empty()) return 0;
+    return lastPosition(text, ch);
+}
+
 std::u16string part(std::u16string_view text, Part which) {
     const std::int32_t slash = lastPosition(text, u'\\');
     const std::int32_t dot = lastPosition(text, u'.');

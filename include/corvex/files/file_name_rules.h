@@ -75,6 +75,11 @@ std::u16string stripExtension(std::u16string_view text);
 /// The 1-based position of the last ch in text; 0 when there is none.
 std::int32_t lastPosition(std::u16string_view text, char16_t ch);
 
+/// The 1-based position of the last ch in a text that validates; 0 when it does not
+/// validate (its warnings shown), when it is empty, or when it holds no ch.
+std::int32_t lastCharPosition(std::u16string_view text, char16_t ch, const FileNameSettings& s,
+                              FileNameEnv& env);
+
 /// The name's parts, defined on a text already validated.
 enum class Part { Name, Drive, Path, Title, Extension, PathBody, Body };
 /// One part of a name (no validation, no lookup).
