@@ -68,10 +68,11 @@ const std::vector<GalleryEntry>& galleryEntries() {
          false,
          u"Notes (MemoBox)",
          GallerySettings::ScrollBars},
+        // Loaded, as a saved form is: a box only placed new filters nothing but Enter.
         {&FileNameBox::staticClassInfo,
          u"document",
          u"File names",
-         {},
+         {{u"MessageShow", true}},
          false,
          u"Document (FileNameBox)",
          GallerySettings::FileName},

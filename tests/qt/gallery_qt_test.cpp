@@ -372,6 +372,8 @@ TEST_F(GalleryQt, shouldSwitchTheFileNameModeAndShowTheNamesPartsAsTyped) {
     EXPECT_TRUE(parts->text().contains(QStringLiteral("FilePath C:\\Data |")));
     EXPECT_TRUE(parts->text().contains(QStringLiteral("FileExtension txt |")));
     EXPECT_TRUE(parts->text().startsWith(QStringLiteral("valid")));
+    QTest::keyClicks(edit, QStringLiteral("|"));
+    EXPECT_TRUE(parts->text().startsWith(QStringLiteral("valid"))) << "the bar was not typed";
     QTest::keyClicks(edit, QStringLiteral(":"));
     EXPECT_TRUE(parts->text().startsWith(QStringLiteral("not valid")));
     EXPECT_EQ(messageBoxes, 0) << "reading the parts shows no box";
