@@ -8,6 +8,7 @@
 #include "corvex/services/form_handle.h"
 #include "corvex/services/message_box.h"
 #include "corvex/services/msgbox_page.h"
+#include "corvex/files/file_name_box.h"
 
 namespace corvex {
 
@@ -23,6 +24,7 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &FormHandle::staticClassInfo(),
         &MessageBox::staticClassInfo(),
         &MsgBoxPage::staticClassInfo(),
+        &FileNameBox::staticClassInfo(),
     };
     // clang-format on
     return classes;

@@ -41,6 +41,14 @@ const EnumInfo& enumInfo<ScrollBarsMode>() {
     return info;
 }
 
+template <>
+const EnumInfo& enumInfo<CheckExistsMode>() {
+    static const EnumInfo info{
+        u"CheckExistsMode",
+        {{u"NoCheck", 0}, {u"FileOnly", 1}, {u"FolderOnly", 2}, {u"FileAndFolder", 3}}};
+    return info;
+}
+
 const std::vector<const EnumInfo*>& publicEnumerations() {
     // One enumeration per line, so that each new one is a line of its own.
     // clang-format off
@@ -53,6 +61,7 @@ const std::vector<const EnumInfo*>& publicEnumerations() {
         &enumInfo<MsgBoxControlDefaultButtonType>(),
         &enumInfo<MsgBoxControlModalType>(),
         &enumInfo<MsgBoxControlAnswer>(),
+        &enumInfo<CheckExistsMode>(),
     };
     // clang-format on
     return all;

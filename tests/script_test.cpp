@@ -308,4 +308,20 @@ TEST(ScriptTest, shouldConvertCommandArgumentsAndReportBadOnesAsErrors) {
                      "error 13 \"Type mismatch\"", "error 13 \"Type mismatch\""}));
 }
 
+TEST(ScriptTest, shouldDropFilesOnTheInnerTextBoxPassingWindowsNamesAsTheyAre) {
+    EXPECT_EQ(run("load FileNameBox f\nend\n"
+                  "drop f \"C:\\\\a.txt\" \"/etc/hosts\"\nget f.Text\n"
+                  "drop f \"\\\\\\\\srv\\\\share\\\\x\"\nget f.Text\n"),
+              (Lines{"event f.Change()", "= String \"C:\\\\a.txt\"", "event f.Change()",
+                     "= String \"\\\\\\\\srv\\\\share\\\\x\""}));
+}
+
+TEST(ScriptTest, shouldRefuseADropOnAControlWithoutATextBoxAndAScriptWithoutAPath) {
+    EXPECT_EQ(run("new BooleanBox b\ndrop b \"/tmp/x\"\n"),
+              (Lines{"event b.Resize()", "error 438 \"b has no inner text box\""}));
+    const ScriptResult r = runScript("new FileNameBox f\ndrop f\n");
+    EXPECT_NE(r.status, ExitOk);
+    EXPECT_NE(r.diagnostics.find("drop NAME"), std::string::npos) << r.diagnostics;
+}
+
 }  // namespace

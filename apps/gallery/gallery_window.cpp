@@ -24,6 +24,9 @@
 #include "corvex/entry/num_input_box.h"
 #include "corvex/library/ini_file.h"
 #include "corvex/posix/profile_files.h"
+#include "corvex/files/file_name_box.h"
+#include "corvex/library/form_file.h"
+#include "corvex/posix/atomic_file.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
@@ -83,6 +86,14 @@ const std::vector<GalleryEntry>& galleryEntries() {
          {},
          false,
          u"Save values and Load values\ngo through this SettingHandle"},
+        // Loaded, as a saved form is: a box only placed new filters nothing but Enter.
+        {&FileNameBox::staticClassInfo,
+         u"document",
+         u"File names",
+         {{u"MessageShow", true}},
+         false,
+         u"Document (FileNameBox)",
+         GallerySettings::FileName},
     };
     return entries;
 }
@@ -206,6 +217,10 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
                 letControlProperty(control, u"ScrollBars", Variant(std::int32_t{index}));
             });
             group.grid->addWidget(bars, row, 2, Qt::AlignTop);
+        }
+        if (entry.settings == GallerySettings::FileName) {
+            fileNameSettings(control, group.grid, row);
+            ++group.rows;
         }
         if (entry.settings == GallerySettings::Number) {
             d->numberBoxes.push_back(control);
@@ -357,6 +372,47 @@ QWidget* GalleryWindow::numberSettings(QWidget* parent) {
     grid->addWidget(upper, 1, 3);
     grid->setColumnStretch(4, 1);
     return panel;
+}
+
+void GalleryWindow::fileNameSettings(QtControlHost* control, QGridLayout* grid, int row) {
+    QWidget* parent = grid->parentWidget();
+    auto* mode = new QComboBox(parent);
+    mode->setObjectName(control->objectName() + QStringLiteral("Mode"));
+    mode->addItems({QStringLiteral("NoCheck"), QStringLiteral("FileOnly"),
+                    QStringLiteral("FolderOnly"), QStringLiteral("FileAndFolder")});
+    grid->addWidget(mode, row, 2, Qt::AlignTop);
+    auto* parts = new QLabel(parent);
+    parts->setObjectName(control->objectName() + QStringLiteral("Parts"));
+    parts->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    parts->setWordWrap(true);
+    grid->addWidget(parts, row + 1, 1, 1, 2);
+    // The parts are read with MessageShow off: each read validates, and a box popping up
+    // at every key typed would make the box unusable.
+    const auto show = [control, parts] {
+        auto* box = dynamic_cast<FileNameBox*>(control->object().get());
+        if (!box || box->detached()) return;
+        const bool messages = box->messageShow();
+        box->setMessageShow(false);
+        const QString valid =
+            box->validateValue() ? QStringLiteral("valid") : QStringLiteral("not valid");
+        parts->setText(
+            QStringLiteral("%1 | FileDrive %2 | FilePath %3 | FileTitle %4 | FileExtension %5 | "
+                           "FilePathBody %6 | FileBody %7 | LongFileName %8")
+                .arg(valid, toQString(box->fileDrive()), toQString(box->filePath()),
+                     toQString(box->fileTitle()), toQString(box->fileExtension()),
+                     toQString(box->filePathBody()), toQString(box->fileBody()),
+                     toQString(box->longFileName())));
+        box->setMessageShow(messages);
+    };
+    connect(mode, &QComboBox::currentIndexChanged, this, [this, control, show](int index) {
+        letControlProperty(control, u"Mode", Variant(std::int32_t{index}));
+        show();
+    });
+    connect(control, &QtControlHost::eventRaised, parts,
+            [show](const QString& event, qt::EventArgs&) {
+                if (event == QLatin1String("Change")) show();
+            });
+    show();
 }
 
 void GalleryWindow::letControlProperty(QtControlHost* control, std::u16string_view name,

@@ -11,6 +11,7 @@
 #include "corvex/library/memory_bag.h"
 
 class QCheckBox;
+class QGridLayout;
 
 namespace corvex {
 class ClassInfo;
@@ -34,6 +35,9 @@ enum class GallerySettings {
     Number,
     /// A combo box of the four scroll-bar styles ("<name>ScrollBars").
     ScrollBars,
+    /// A combo box of the four existence modes ("<name>Mode") and a line showing the
+    /// name's parts as it is typed ("<name>Parts"), read without message boxes.
+    FileName,
 };
 
 /// One control shown in the gallery.
@@ -112,6 +116,7 @@ private:
     SettingHandle& settingHandle() const;
     QStringList unsavedValues() const;
     QWidget* numberSettings(QWidget* parent);
+    void fileNameSettings(qt::QtControlHost* control, QGridLayout* grid, int row);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);
     void report(const QString& message);

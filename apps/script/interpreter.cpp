@@ -131,15 +131,37 @@ headless::HeadlessWidget* firstVisible(const headless::Site& s) {
     return nullptr;
 }
 
+// The control's first inner text box; null when it has none.
+headless::HeadlessWidget* firstTextBox(headless::Site& s) {
+    for (headless::HeadlessWidget* w : s.widgetList()) {
+        if (dynamic_cast<headless::HeadlessTextBox*>(w)) return w;
+    }
+    return nullptr;
+}
+
 }  // namespace
 
 Interpreter::Interpreter(std::ostream& out, std::ostream& diagnostics)
     : out_(out), diagnostics_(diagnostics), form_(host_) {
     host_.setObserver(this);
+    host_.setFileSystem(&files_);
+    // INI files named the Windows way lie where the drive map puts them.
+    host_.profiles().setWindowsNameMapper(
+        [this](std::u16string_view name) { return files_.nativePathFor(name); });
 }
 
 Interpreter::~Interpreter() {
     host_.setObserver(nullptr);
+}
+
+std::u16string Interpreter::dropped(const std::u16string& path) const {
+    // A Windows name (drive letter and colon, or a leading backslash) arrives as it is; a
+    // native path, relative ones against the current folder, arrives as the Windows name
+    // the drive map gives it, or unchanged when no drive holds it.
+    const bool windows =
+        (path.size() >= 2 && path[1] == u':') || (!path.empty() && path[0] == u'\\');
+    if (windows || path.empty()) return path;
+    return files_.driveMap().toWindows(toUtf8(path)).value_or(path);
 }
 
 void Interpreter::print(const std::string& line) {
@@ -447,6 +469,20 @@ struct Interpreter::Commands {
         });
     }
 
+    static void drop(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        std::vector<Operand> paths;
+        for (std::size_t i = 2; i < t.size(); ++i) paths.push_back(in.operand(t[i]));
+        in.execute([&] {
+            headless::Site& s = in.site(name);
+            std::vector<std::u16string> files;
+            for (const Operand& p : paths) files.push_back(in.dropped(in.evaluate(p).toString()));
+            headless::HeadlessWidget* box = firstTextBox(s);
+            if (!box) throw Error(err::MemberNotFound, s.displayName() + u" has no inner text box");
+            box->dropFiles(std::move(files));
+        });
+    }
+
     static void focus(Interpreter& in, const Tokens& t, const Command& c) {
         const bool give = c.word == "focus";
         const ControlName name = controlName(t[1]);
@@ -677,6 +713,7 @@ struct Interpreter::Commands {
             {"apply",     "apply PAGE",                                 2, 2,    &Commands::apply},
             {"form",      "form LEFT TOP WIDTH HEIGHT",                 5, 5,    &Commands::formGeometry},
             {"screen",    "screen WIDTH HEIGHT",                        3, 3,    &Commands::screen},
+            {"drop",      "drop NAME \"PATH\" ...",                     3, any, &Commands::drop},
         };
         // clang-format on
         return commands;

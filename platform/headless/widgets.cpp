@@ -42,6 +42,14 @@ void HeadlessWidget::emit(WidgetEvent& event) {
     if (listener_) listener_->widgetEvent(*this, event);
 }
 
+void HeadlessWidget::dropFiles(std::vector<std::u16string> files) {
+    if (!enabled_ || !visible_) return;
+    WidgetEvent e;
+    e.type = WidgetEventType::FilesDropped;
+    e.files = std::move(files);
+    emit(e);
+}
+
 void HeadlessWidget::mouse(WidgetEventType type, std::int16_t button, std::int16_t shift, float x,
                            float y) {
     WidgetEvent e;

@@ -355,6 +355,10 @@ Clipboard& QtControlHost::clipboard() {
     return d->host;
 }
 
+FileSystem& QtControlHost::fileSystem() {
+    return d->host.fileSystem();
+}
+
 Application& QtControlHost::application() {
     return d->host;
 }

@@ -12,6 +12,7 @@
 #include <QUrl>
 #include <QtDebug>
 
+#include "corvex/common/text.h"
 #include "corvex/qt/convert.h"
 
 namespace corvex::qt {
@@ -122,8 +123,28 @@ protected:
 
 }  // namespace
 
-QtHost::QtHost() = default;
+QtHost::QtHost() : files_(std::make_unique<posix::PosixFileSystem>()) {
+    // INI files named the Windows way lie where the drive map puts them.
+    profiles_.setWindowsNameMapper(
+        [this](std::u16string_view name) { return files_->nativePathFor(name); });
+}
 QtHost::~QtHost() = default;
+
+FileSystem& QtHost::fileSystem() {
+    return *files_;
+}
+
+const posix::DriveMap& QtHost::driveMap() const {
+    return files_->driveMap();
+}
+
+void QtHost::setDriveMap(posix::DriveMap map) {
+    files_ = std::make_unique<posix::PosixFileSystem>(std::move(map));
+}
+
+std::u16string QtHost::droppedName(const std::string& nativePath) const {
+    return driveMap().toWindows(nativePath).value_or(fromUtf8(nativePath));
+}
 
 std::int32_t QtHost::localeId() const {
     if (localeId_) return *localeId_;

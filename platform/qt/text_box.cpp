@@ -30,6 +30,7 @@
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
+#include "file_drop.h"
 
 namespace corvex::qt {
 
@@ -435,6 +436,7 @@ QtTextBox::QtTextBox(QtControlHost& host, const TextBoxSpec& design)
         qtWidget()->setAcceptDrops(false);
         mouseWidget()->setAcceptDrops(false);
     }
+    if (design.acceptsFiles) installFileDrop(*this, host.host());
     applyInputMethod();
 }
 

@@ -342,5 +342,28 @@ TEST_F(GalleryQt, shouldAppendToALongLogAtAConstantCost) {
     EXPECT_EQ(view->document()->lastBlock().text(), QStringLiteral("line 19999"));
 }
 
+TEST_F(GalleryQt, shouldSwitchTheFileNameModeAndShowTheNamesPartsAsTyped) {
+    auto* mode = setting<QComboBox>("documentMode");
+    ASSERT_NE(mode, nullptr);
+    EXPECT_EQ(mode->count(), 4);
+    mode->setCurrentIndex(2);
+    EXPECT_EQ(getProperty(*control("document")->object(), u"Mode").toLong(), 2);
+    mode->setCurrentIndex(0);
+    auto* parts = setting<QLabel>("documentParts");
+    ASSERT_NE(parts, nullptr);
+    auto* edit = qobject_cast<QLineEdit*>(editOf("document"));
+    ASSERT_NE(edit, nullptr);
+    edit->setFocus();
+    QTest::keyClicks(edit, QStringLiteral("C:\\Data\\report.txt"));
+    EXPECT_TRUE(parts->text().contains(QStringLiteral("FilePath C:\\Data |")));
+    EXPECT_TRUE(parts->text().contains(QStringLiteral("FileExtension txt |")));
+    EXPECT_TRUE(parts->text().startsWith(QStringLiteral("valid")));
+    QTest::keyClicks(edit, QStringLiteral("|"));
+    EXPECT_TRUE(parts->text().startsWith(QStringLiteral("valid"))) << "the bar was not typed";
+    QTest::keyClicks(edit, QStringLiteral(":"));
+    EXPECT_TRUE(parts->text().startsWith(QStringLiteral("not valid")));
+    EXPECT_EQ(messageBoxes, 0) << "reading the parts shows no box";
+}
+
 }  // namespace
 }  // namespace corvex::qt::testing

@@ -86,6 +86,10 @@ public:
         screenWidth_ = width;
         screenHeight_ = height;
     }
+    /// The file system names are looked up in; nothing exists in it until one is set.
+    FileSystem& fileSystem() const { return fileSystem_ ? *fileSystem_ : emptyFileSystem(); }
+    /// Sets the file system (not owned; null for none).
+    void setFileSystem(FileSystem* fs) { fileSystem_ = fs; }
 
     /// Who hears what happens; null for nobody.
     void setObserver(HostObserver* o) { observer_ = o; }
@@ -104,6 +108,7 @@ private:
     posix::ProfileFiles profiles_;
     float screenWidth_ = 28800;
     float screenHeight_ = 16200;
+    FileSystem* fileSystem_ = nullptr;
 };
 
 /// An event as the host received it, with its arguments after the handler ran.
@@ -178,6 +183,7 @@ public:
     Form* parentForm() override;
     ProfileService& profiles() override { return host_.profiles(); }
     Screen& screen() override { return host_; }
+    FileSystem& fileSystem() override { return host_.fileSystem(); }
 
     // Surface
     float scaleWidth() const override;

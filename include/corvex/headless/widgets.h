@@ -59,6 +59,9 @@ public:
     void mouse(WidgetEventType type, std::int16_t button, std::int16_t shift, float x, float y);
     /// Sends an event to the control that owns the widget.
     void emit(WidgetEvent& event);
+    /// The user drops files (full paths, as the platform names them) on the widget: one
+    /// FilesDropped. Nothing happens on a disabled or hidden widget.
+    void dropFiles(std::vector<std::u16string> files);
 
 protected:
     /// What the widget does with a typed character that was not swallowed.

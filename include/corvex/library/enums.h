@@ -38,6 +38,14 @@ enum class ScrollBarsMode : std::int32_t {
     barBoth = 3,        ///< both scroll bars
 };
 
+/// Which kind of entry a FileNameBox requires to exist (the value of its Mode).
+enum class CheckExistsMode : std::int32_t {
+    NoCheck = 0,        ///< only the syntax is checked
+    FileOnly = 1,       ///< an existing file
+    FolderOnly = 2,     ///< an existing folder
+    FileAndFolder = 3,  ///< an existing file or folder
+};
+
 /// The table-side description of CorvexIMEMode.
 template <>
 const EnumInfo& enumInfo<CorvexIMEMode>();
@@ -47,6 +55,10 @@ const EnumInfo& enumInfo<InputMode>();
 /// The table-side description of ScrollBarsMode.
 template <>
 const EnumInfo& enumInfo<ScrollBarsMode>();
+
+/// The table-side description of CheckExistsMode.
+template <>
+const EnumInfo& enumInfo<CheckExistsMode>();
 
 /// Every public enumeration, in the order the library publishes them.
 const std::vector<const EnumInfo*>& publicEnumerations();

@@ -8,6 +8,7 @@
 #include "corvex/platform/ambient.h"
 #include "corvex/platform/application.h"
 #include "corvex/platform/clipboard.h"
+#include "corvex/platform/file_system.h"
 #include "corvex/platform/form.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/platform/profiles.h"
@@ -59,6 +60,8 @@ public:
     virtual ProfileService& profiles() = 0;
     /// The screen the control's form is shown on.
     virtual Screen& screen() = 0;
+    /// The file system Windows names are looked up in; by default one where nothing exists.
+    virtual FileSystem& fileSystem() { return emptyFileSystem(); }
 };
 
 }  // namespace corvex

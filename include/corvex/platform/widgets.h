@@ -217,6 +217,9 @@ struct TextBoxSpec : WidgetSpec {
     /// Whether Ctrl+C, Ctrl+X and Ctrl+V act on the clipboard by themselves. A control that
     /// handles the clipboard keys in KeyDown turns this off, so that nothing happens twice.
     bool nativeClipboard = true;
+    /// Whether files dropped on it (from a file manager) arrive as one FilesDropped with
+    /// their Windows names, instead of whatever the toolkit would insert.
+    bool acceptsFiles = false;
 };
 
 class TextLabel;

@@ -136,6 +136,8 @@ public:
     ProfileService& profiles() override;
     /// The application's primary screen.
     Screen& screen() override;
+    /// The host's file system (Windows names through the drive map).
+    FileSystem& fileSystem() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;

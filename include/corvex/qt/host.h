@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <exception>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -17,6 +18,7 @@
 #include "corvex/platform/clipboard.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/posix/profile_files.h"
+#include "corvex/posix/file_system.h"
 
 namespace corvex::qt {
 
@@ -88,6 +90,15 @@ public:
     /// Replaces the clipboard's content by text.
     void setText(const std::u16string& text) override;
 
+    /// The file system controls look names up in: this machine's, through the drive map.
+    FileSystem& fileSystem();
+    /// The drive map naming files (the user's drives.ini and CORVEX_DRIVES, unless set).
+    const posix::DriveMap& driveMap() const;
+    /// Replaces the drive map (for tests, or an application with drives of its own).
+    void setDriveMap(posix::DriveMap map);
+    /// The Windows name a dropped native path arrives as (as it is when no drive holds it).
+    std::u16string droppedName(const std::string& nativePath) const;
+
     /// Hears errors raised by controls while handling user input (default: a Qt warning).
     void setErrorHandler(ErrorHandler handler);
     /// Reports an error that reached the Qt event loop's side of the host.
@@ -102,6 +113,7 @@ private:
     MessageBoxHandler messageBoxHandler_;
     ErrorHandler errorHandler_;
     posix::ProfileFiles profiles_;
+    std::unique_ptr<posix::PosixFileSystem> files_;
 };
 
 }  // namespace corvex::qt

@@ -83,6 +83,7 @@ protected:
 
 private:
     friend class LengthLimit;
+    friend class FileDrop;
     friend class MemoEdit;
     struct Editor;
     template <class W>

@@ -13,6 +13,7 @@
 
 #include "corvex/common/variant.h"
 #include "corvex/headless/host.h"
+#include "corvex/posix/file_system.h"
 
 namespace corvex::script {
 
@@ -83,6 +84,8 @@ private:
     headless::Site& site(const ControlName& name) const;
     headless::Site* findSite(const ControlName& name) const;
     void print(const std::string& line);
+    /// A dropped path as the control receives it: native paths named through the drives.
+    std::u16string dropped(const std::u16string& path) const;
 
     // HostObserver
     void messageBoxShown(const MessageBoxRequest& request) override;
@@ -93,6 +96,7 @@ private:
 
     std::ostream& out_;
     std::ostream& diagnostics_;
+    posix::PosixFileSystem files_;  // names are looked up on this machine, by the user's drives
     headless::Host host_;
     headless::HeadlessForm form_;
     int lineNumber_ = 0;
