@@ -4,15 +4,18 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/options/multi_option.h"
+#include "corvex/options/shadowed_line.h"
+#include "corvex/options/single_option.h"
 
 namespace corvex {
 
 const std::vector<const ClassInfo*>& publicClasses() {
     static const std::vector<const ClassInfo*> classes = {
-        &BooleanBox::staticClassInfo(),
-        &NumInputBox::staticClassInfo(),
-        &NumInputBoxR::staticClassInfo(),
-        &MemoBox::staticClassInfo(),
+        &BooleanBox::staticClassInfo(),   &NumInputBox::staticClassInfo(),
+        &NumInputBoxR::staticClassInfo(), &MemoBox::staticClassInfo(),
+        &MultiOption::staticClassInfo(),  &SingleOption::staticClassInfo(),
+        &ShadowedLine::staticClassInfo(),
     };
     return classes;
 }

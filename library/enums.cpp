@@ -39,9 +39,22 @@ const EnumInfo& enumInfo<ScrollBarsMode>() {
     return info;
 }
 
+template <>
+const EnumInfo& enumInfo<MultiOptionBorder>() {
+    static const EnumInfo info{u"MultiOptionBorder", {{u"None", 0}, {u"FixedSingle", 1}}};
+    return info;
+}
+
+template <>
+const EnumInfo& enumInfo<ShadowedLine_Mode>() {
+    static const EnumInfo info{u"ShadowedLine_Mode", {{u"Horizonrtal", 0}, {u"Vertical", 1}}};
+    return info;
+}
+
 const std::vector<const EnumInfo*>& publicEnumerations() {
     static const std::vector<const EnumInfo*> all = {
-        &enumInfo<CorvexIMEMode>(), &enumInfo<InputMode>(), &enumInfo<ScrollBarsMode>()};
+        &enumInfo<CorvexIMEMode>(), &enumInfo<InputMode>(), &enumInfo<ScrollBarsMode>(),
+        &enumInfo<MultiOptionBorder>(), &enumInfo<ShadowedLine_Mode>()};
     return all;
 }
 

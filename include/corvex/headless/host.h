@@ -144,6 +144,12 @@ public:
     void resizeTo(float width, float height);
     /// Sets the surface's scale mode.
     void setScaleMode(ScaleMode mode) { scaleMode_ = mode; }
+    /// A mouse event on the surface itself, outside every inner widget, at (x, y) in the
+    /// surface's scale units.
+    void mouseOnSurface(WidgetEventType type, std::int16_t button, std::int16_t shift, float x,
+                        float y);
+    /// Lists a widget made outside the factory methods (an element of a control array).
+    void adopt(HeadlessWidget* w) { widgets_.push_back(w); }
 
     // ControlSite
     Ambient& ambient() override { return host_; }
@@ -170,6 +176,11 @@ public:
     // WidgetFactory
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& spec) override;
     std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) override;
+    std::unique_ptr<Frame> createFrame(const WidgetSpec& spec) override;
+    std::unique_ptr<OptionButton> createOptionButton(const OptionButtonSpec& spec) override;
+    std::unique_ptr<ControlArray<OptionButton>> createOptionButtonArray(
+        const OptionButtonSpec& spec) override;
+    std::unique_ptr<LineShape> createLine(const LineSpec& spec) override;
 
     // Sinks
     void propertyChanged(std::u16string_view name) override;
