@@ -286,6 +286,26 @@ TEST_P(MultiOptionTest, shouldFillTheControlWithTheFrameOnResize) {
     EXPECT_NEAR(frame().height(), 1500, kPixel);
 }
 
+TEST_P(MultiOptionTest, shouldSelectNoButtonWhenTheDefaultIsLeftBeyondTheButtons) {
+    MultiOption& m = addWith(5);
+    m.setDefaultValue(4);
+    m.setOptionNum(2);
+    EXPECT_EQ(m.optionNum(), 2);
+    EXPECT_FALSE(opt(0).value());
+    EXPECT_FALSE(opt(1).value());
+    m.setOptionNum(5);
+    EXPECT_TRUE(opt(4).value()) << "the default's button is back";
+}
+
+TEST_P(MultiOptionTest, shouldDeclareAllButTheMouseEventsAsNeverRaised) {
+    std::vector<std::u16string> raised;
+    for (const EventInfo& e : MultiOption::staticClassInfo().events()) {
+        if (e.raised) raised.push_back(e.name);
+    }
+    EXPECT_EQ(raised, (std::vector<std::u16string>{u"MouseDown", u"MouseMove", u"MouseUp"}));
+    EXPECT_NE(MultiOption::staticClassInfo().event(u"Click"), nullptr) << "declared all the same";
+}
+
 INSTANTIATE_TEST_SUITE_P(Hosts, MultiOptionTest,
                          ::testing::ValuesIn(corvex::testing::availableHarnesses()),
                          corvex::testing::harnessName);

@@ -33,6 +33,9 @@ enum class GallerySettings {
     Number,
     /// A combo box of the four scroll-bar styles ("<name>ScrollBars").
     ScrollBars,
+    /// A group of option buttons: OptionNum ("<name>OptionNum"), OptionNumPerLine
+    /// ("<name>OptionNumPerLine") and OptionCaptions ("<name>OptionCaptions"), changed live.
+    Options,
 };
 
 /// One control shown in the gallery.
@@ -107,6 +110,7 @@ signals:
 
 private:
     QWidget* numberSettings(QWidget* parent);
+    QWidget* optionSettings(QWidget* parent, qt::QtControlHost* control, const QString& name);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);
     void report(const QString& message);

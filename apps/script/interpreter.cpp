@@ -10,6 +10,7 @@
 #include "corvex/library/class_table.h"
 #include "corvex/library/literals.h"
 #include "corvex/library/memory_bag.h"
+#include "corvex/script/peek.h"
 
 namespace corvex::script {
 
@@ -496,6 +497,32 @@ struct Interpreter::Commands {
         });
     }
 
+    // peek NAME.PROP | NAME.WIDGET.PROP | NAME.WIDGET(I).PROP: the host's own models.
+    static void peek(Interpreter& in, const Tokens& t, const Command&) {
+        const std::string_view target = t[1];
+        const std::size_t dot = target.find('.');
+        const std::size_t last = target.rfind('.');
+        if (dot == std::string_view::npos || !isName(target.substr(last + 1))) {
+            throw ParseError{"expected NAME.PROP or NAME.WIDGET[(I)].PROP, found " + shown(target)};
+        }
+        const ControlName name = controlName(target.substr(0, dot));
+        const std::u16string property = fromUtf8(target.substr(last + 1));
+        std::optional<std::u16string> widget;
+        std::int16_t index = -1;
+        if (last != dot) {
+            const ControlName w = controlName(target.substr(dot + 1, last - dot - 1));
+            widget = w.name;
+            index = w.index == NoIndex ? std::int16_t{-1} : w.index;
+        }
+        in.execute([&] {
+            const headless::Site& s = in.site(name);
+            s.control().checkAvailable();
+            const Variant v =
+                widget ? peekWidget(s, *widget, index, property) : peekSurface(s, property);
+            in.print("= " + typeWord(v.type()) + " " + formatValue(v));
+        });
+    }
+
     static void resize(Interpreter& in, const Tokens& t, const Command&) {
         const ControlName name = controlName(t[1]);
         const Operand width = in.operand(t[2]);
@@ -556,6 +583,7 @@ struct Interpreter::Commands {
             {"resize",    "resize NAME WIDTH HEIGHT",                   4, 4,    &Commands::resize},
             {"answer",    "answer N",                                   2, 2,    &Commands::answer},
             {"clipboard", "clipboard \"TEXT\"",                         2, 2,    &Commands::clipboard},
+            {"peek",      "peek NAME.PROP | NAME.WIDGET[(I)].PROP",     2, 2,    &Commands::peek},
         };
         // clang-format on
         return commands;

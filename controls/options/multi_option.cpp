@@ -241,7 +241,8 @@ void MultiOption::arrange() {
         b.setCaption(captions[static_cast<std::size_t>(i)]);
         b.setVisible(true);
     }
-    buttons.element(d->defaultValue).setValue(true);
+    // A default left beyond the buttons (OptionNum lowered after it was set) selects none.
+    if (buttons.exists(d->defaultValue)) buttons.element(d->defaultValue).setValue(true);
     refresh();
 }
 

@@ -2,6 +2,7 @@
 #include "corvex/qt/option_widgets.h"
 
 #include <QGroupBox>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QRadioButton>
 #include <algorithm>
@@ -29,6 +30,41 @@ protected:
     }
 };
 
+// A group box that leaves the mouse to the surface below it: the frame fills the
+// control, and what is pressed on it, outside a button, is the surface's.
+class FrameBox : public QGroupBox {
+public:
+    using QGroupBox::QGroupBox;
+
+protected:
+    void mousePressEvent(QMouseEvent* e) override { e->ignore(); }
+    void mouseMoveEvent(QMouseEvent* e) override { e->ignore(); }
+    void mouseReleaseEvent(QMouseEvent* e) override { e->ignore(); }
+};
+
+// A radio button that keeps its mouse events: what happens on a button is the button's,
+// never the surface's below it.
+class OptionRadio : public QRadioButton {
+public:
+    using QRadioButton::QRadioButton;
+
+protected:
+    // The whole button takes the click, caption or not, as the host's option button does.
+    bool hitButton(const QPoint& pos) const override { return rect().contains(pos); }
+    void mousePressEvent(QMouseEvent* e) override {
+        QRadioButton::mousePressEvent(e);
+        e->accept();
+    }
+    void mouseMoveEvent(QMouseEvent* e) override {
+        QRadioButton::mouseMoveEvent(e);
+        e->accept();
+    }
+    void mouseReleaseEvent(QMouseEvent* e) override {
+        QRadioButton::mouseReleaseEvent(e);
+        e->accept();
+    }
+};
+
 QWidget* parentFor(QtControlHost& host, const OptionButtonSpec& design) {
     auto* frame = dynamic_cast<QtFrame*>(design.container);
     return frame ? frame->qtWidget() : static_cast<QWidget*>(&host);
@@ -49,7 +85,10 @@ WidgetSpec lineDesign(const LineSpec& line) {
 // --- frame ------------------------------------------------------------------------------
 
 QtFrame::QtFrame(QtControlHost& host, const WidgetSpec& design)
-    : QtWidget(host, new QGroupBox(&host), design, color::ButtonFace, color::ButtonText) {}
+    : QtWidget(host, new FrameBox(&host), design, color::ButtonFace, color::ButtonText) {
+    // Moves without a button reach the surface only when it tracks the mouse too.
+    host.setMouseTracking(true);
+}
 
 QtFrame::~QtFrame() = default;
 
@@ -75,7 +114,7 @@ void QtFrame::setBorderStyle(std::int16_t s) {
 // --- option button ----------------------------------------------------------------------
 
 QtOptionButton::QtOptionButton(QtControlHost& host, const OptionButtonSpec& design)
-    : QtWidget(host, new QRadioButton(parentFor(host, design)), design, color::ButtonFace,
+    : QtWidget(host, new OptionRadio(parentFor(host, design)), design, color::ButtonFace,
                color::ButtonText) {
     QObject::connect(radioButton(), &QRadioButton::toggled, radioButton(),
                      [this](bool on) { toggledByQt(on); });

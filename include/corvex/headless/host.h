@@ -171,6 +171,13 @@ public:
     float width() const override { return width_; }
     float height() const override { return height_; }
     void setSize(float width, float height) override { resizeTo(width, height); }
+    /// The control's left edge on the form (twips); a headless form places every control
+    /// at its top-left corner.
+    float left() const { return 0; }
+    /// The control's top edge on the form (twips).
+    float top() const { return 0; }
+    /// Whether the control is shown; a headless form shows every control it holds.
+    bool visible() const { return true; }
     void refresh() override { ++refreshCount; }
 
     // WidgetFactory
