@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QVBoxLayout>
@@ -114,7 +115,7 @@ void fitOptionRows(QtControlHost* control) {
     const double perLine = read(u"OptionNumPerLine");
     const double rows = perLine < 1 ? 1 : std::ceil(count / perLine);
     const double step = 2 * read(u"OptionHeight") + read(u"VartSpace");
-    const double twips = read(u"OptionTop") + (rows - 1) * step + read(u"OptionHeight") + 120;
+    const double twips = read(u"OptionTop") + (rows - 1) * step + read(u"OptionHeight") + 240;
     control->setFixedHeight(static_cast<int>(std::lround(twips / control->twipsPerPixelY())));
 }
 
@@ -332,10 +333,15 @@ QWidget* GalleryWindow::optionSettings(QWidget* parent, QtControlHost* control,
     const auto spin = [&](const QString& suffix, std::u16string_view property, int row) {
         auto* box = new QSpinBox(panel);
         box->setObjectName(name + suffix);
-        box->setRange(1, 12);
+        box->setRange(0, 12);
+        // 0 (one row) comes only from a saved form: the control refuses it when set.
+        box->setSpecialValueText(QStringLiteral("0: one row"));
         box->setValue(read(property).toInteger());
-        connect(box, &QSpinBox::valueChanged, this, [this, control, property](int n) {
+        connect(box, &QSpinBox::valueChanged, this, [this, control, property, box](int n) {
             letControlProperty(control, property, Variant(static_cast<std::int16_t>(n)));
+            // A refused number leaves the control as it was; the box shows what it has.
+            const QSignalBlocker quiet(box);
+            box->setValue(getProperty(*control->object(), property).toInteger());
             fitOptionRows(control);
         });
         grid->addWidget(new QLabel(suffix, panel), row, 0);
