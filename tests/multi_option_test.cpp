@@ -145,6 +145,40 @@ TEST_P(MultiOptionTest, shouldRefuseLessThanOneButtonOrPerLineWithMessage4001) {
     EXPECT_TRUE(h->widget(u"m", u"optChildOption", 2).visible());
 }
 
+// Each refusal's text in both languages, chosen by the locale at the moment of display.
+TEST_P(MultiOptionTest, shouldShowItsRefusalsInTheLocalesLanguage) {
+    struct Case {
+        std::int32_t locale;
+        const char16_t* title;
+        const char16_t* notBelowOne;
+        const char16_t* notBelowZero;
+        const char16_t* notAboveLast;
+    };
+    const Case cases[] = {
+        {1033, u"Warning!!", u"Enter not less than 1.", u"Enter not less than 0.",
+         u"Enter below (number of optionbuttons - 1)."},
+        {1041, u"警告!!", u"1以上の数値を入力して下さい", u"0以上の値を入力して下さい",
+         u"(オプションの数-1) 以下の値を入力して下さい"},
+    };
+    MultiOption& m = addWith(2);
+    for (const Case& c : cases) {
+        h->setLocaleId(c.locale);
+        const std::size_t before = h->messageBoxes().size();
+        m.setOptionNumPerLine(0);
+        m.setDefaultValue(-1);
+        m.setDefaultValue(2);
+        const auto boxes = h->messageBoxes();
+        ASSERT_EQ(boxes.size(), before + 3) << c.locale;
+        EXPECT_EQ(boxes[before].text, c.notBelowOne);
+        EXPECT_EQ(boxes[before + 1].text, c.notBelowZero);
+        EXPECT_EQ(boxes[before + 2].text, c.notAboveLast);
+        for (std::size_t i = before; i < boxes.size(); ++i) {
+            EXPECT_EQ(boxes[i].title, c.title);
+            EXPECT_EQ(boxes[i].style, 16);
+        }
+    }
+}
+
 TEST_P(MultiOptionTest, shouldRaise382ForADefaultValueAtRunTime) {
     MultiOption& m = addWith(3);
     h->setUserMode(true);
