@@ -34,7 +34,8 @@ void checkCaptions(const std::u16string& text, std::int32_t count) {
     for (const auto& c : parseOptionCaptions(text)) {
         check(!c.empty() && c.find(u'|') == std::u16string::npos);
     }
-    check(captionsForButtons(text, count).size() >= static_cast<std::size_t>(count) + 1);
+    const std::size_t wanted = count < 0 ? 1 : static_cast<std::size_t>(count) + 1;
+    check(captionsForButtons(text, count).size() >= wanted);
 }
 
 // The control's buttons: exactly OptionNum of them (button 0 at least), each captioned
