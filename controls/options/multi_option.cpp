@@ -217,17 +217,30 @@ const ClassInfo& MultiOption::staticClassInfo() {
 
 void MultiOption::arrange() {
     checkAvailable();
-    OptionButtonArray& buttons = *d->buttons;
     const auto captions = captionsForButtons(d->optionCaptions, d->optionNum);
-    buttons.element(0).setCaption(captions[0]);
+    d->buttons->element(0).setCaption(captions[0]);
+    syncButtonCount();
+    placeButtons(captions);
+    // A default left beyond the buttons (OptionNum lowered after it was set) selects none.
+    if (d->buttons->exists(d->defaultValue)) d->buttons->element(d->defaultValue).setValue(true);
+    refresh();
+}
+
+void MultiOption::syncButtonCount() {
     // Elements go and come in rising order; element 0 is the design's and always stays.
+    OptionButtonArray& buttons = *d->buttons;
     const std::int16_t n = buttons.count();
     for (std::int16_t i = std::max<std::int16_t>(d->optionNum, 1); i < n; ++i) buttons.remove(i);
     for (std::int16_t i = n; i < d->optionNum; ++i) buttons.create(i);
+}
 
+void MultiOption::placeButtons(const std::vector<std::u16string>& captions) {
+    OptionButtonArray& buttons = *d->buttons;
+    const auto width = static_cast<float>(d->optionWidth);
+    const auto height = static_cast<float>(d->optionHeight);
     OptionButton& first = buttons.element(0);
-    first.move(first.left(), first.top(), static_cast<float>(d->optionWidth),
-               static_cast<float>(d->optionHeight));
+    first.move(first.left(), first.top(), width, height);
+    // The steps are reckoned from the stored integers in double precision.
     const OptionLayout layout{
         first.left(),         first.top(),          double(d->optionWidth), double(d->optionHeight),
         double(d->horiSpace), double(d->vartSpace), d->optionNumPerLine};
@@ -236,14 +249,10 @@ void MultiOption::arrange() {
         const OptionPlace at = nextOptionPlace(layout, i, {first.left(), first.top()},
                                                {p.left(), p.top()}, p.height());
         OptionButton& b = buttons.element(i);
-        b.move(at.left, at.top, static_cast<float>(d->optionWidth),
-               static_cast<float>(d->optionHeight));
+        b.move(at.left, at.top, width, height);
         b.setCaption(captions[static_cast<std::size_t>(i)]);
         b.setVisible(true);
     }
-    // A default left beyond the buttons (OptionNum lowered after it was set) selects none.
-    if (buttons.exists(d->defaultValue)) buttons.element(d->defaultValue).setValue(true);
-    refresh();
 }
 
 // --- lifecycle --------------------------------------------------------------------------

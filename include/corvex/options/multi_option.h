@@ -2,6 +2,8 @@
 #pragma once
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "corvex/common/common_members.h"
 #include "corvex/library/enums.h"
@@ -127,6 +129,8 @@ private:
     Frame& frame() const;
     OptionButton& button(std::int16_t index) const;
     void arrange();
+    void syncButtonCount();
+    void placeButtons(const std::vector<std::u16string>& captions);
     void forEachButton(const std::function<void(OptionButton&)>& f) const;
     struct Private;
     std::unique_ptr<Private> const d;
