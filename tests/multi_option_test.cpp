@@ -340,6 +340,22 @@ TEST_P(MultiOptionTest, shouldDeclareAllButTheMouseEventsAsNeverRaised) {
     EXPECT_NE(MultiOption::staticClassInfo().event(u"Click"), nullptr) << "declared all the same";
 }
 
+// What the settings control does, by member name: the text of Value out, and back in.
+TEST_P(MultiOptionTest, shouldOfferItsValueAsTextByMemberNameForTheSettingsControl) {
+    MultiOption& m = addWith(4);
+    letProperty(m, u"SectionName", Variant(u"Delivery"));
+    letProperty(m, u"KeyName", Variant(u"Size"));
+    m.setValue(3);
+    EXPECT_EQ(getProperty(m, u"SectionName"), Variant(u"Delivery"));
+    EXPECT_EQ(getProperty(m, u"KeyName"), Variant(u"Size"));
+    const std::u16string text = getProperty(m, u"Value").toString();
+    EXPECT_EQ(text, u"3");
+    EXPECT_EQ(getProperty(m, u"DefaultValue").toString(), u"0");
+    m.setValue(0);
+    letProperty(m, u"Value", Variant(text));
+    EXPECT_EQ(m.value(), 3);
+}
+
 INSTANTIATE_TEST_SUITE_P(Hosts, MultiOptionTest,
                          ::testing::ValuesIn(corvex::testing::availableHarnesses()),
                          corvex::testing::harnessName);

@@ -117,6 +117,23 @@ TEST_P(SingleOptionTest, shouldForwardTheLookAndFillTheControl) {
     EXPECT_NEAR(opt().height(), 600, 15.5);
 }
 
+// What the settings control does, by member name: the text of Value out, and back in.
+TEST_P(SingleOptionTest, shouldOfferItsValueAsTextByMemberNameForTheSettingsControl) {
+    SingleOption& s = add();
+    letProperty(s, u"SectionName", Variant(u"Delivery"));
+    letProperty(s, u"KeyName", Variant(u"Express"));
+    s.setValue(true);
+    const std::u16string text = getProperty(s, u"Value").toString();
+    EXPECT_EQ(text, u"True");
+    EXPECT_EQ(getProperty(s, u"DefaultValue").toString(), u"False");
+    EXPECT_EQ(getProperty(s, u"KeyName"), Variant(u"Express"));
+    s.setValue(false);
+    letProperty(s, u"Value", Variant(text));
+    EXPECT_EQ(s.value(), Boolean(true));
+    letProperty(s, u"Value", Variant(u"False"));
+    EXPECT_EQ(s.value(), Boolean(false));
+}
+
 INSTANTIATE_TEST_SUITE_P(Hosts, SingleOptionTest,
                          ::testing::ValuesIn(corvex::testing::availableHarnesses()),
                          corvex::testing::harnessName);
