@@ -9,6 +9,9 @@
 #include "corvex/services/message_box.h"
 #include "corvex/services/msgbox_page.h"
 #include "corvex/files/file_name_box.h"
+#include "corvex/options/multi_option.h"
+#include "corvex/options/shadowed_line.h"
+#include "corvex/options/single_option.h"
 
 namespace corvex {
 
@@ -25,6 +28,9 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &MessageBox::staticClassInfo(),
         &MsgBoxPage::staticClassInfo(),
         &FileNameBox::staticClassInfo(),
+        &MultiOption::staticClassInfo(),
+        &SingleOption::staticClassInfo(),
+        &ShadowedLine::staticClassInfo(),
     };
     // clang-format on
     return classes;

@@ -49,6 +49,18 @@ const EnumInfo& enumInfo<CheckExistsMode>() {
     return info;
 }
 
+template <>
+const EnumInfo& enumInfo<MultiOptionBorder>() {
+    static const EnumInfo info{u"MultiOptionBorder", {{u"None", 0}, {u"FixedSingle", 1}}};
+    return info;
+}
+
+template <>
+const EnumInfo& enumInfo<ShadowedLine_Mode>() {
+    static const EnumInfo info{u"ShadowedLine_Mode", {{u"Horizonrtal", 0}, {u"Vertical", 1}}};
+    return info;
+}
+
 const std::vector<const EnumInfo*>& publicEnumerations() {
     // One enumeration per line, so that each new one is a line of its own.
     // clang-format off
@@ -62,6 +74,8 @@ const std::vector<const EnumInfo*>& publicEnumerations() {
         &enumInfo<MsgBoxControlModalType>(),
         &enumInfo<MsgBoxControlAnswer>(),
         &enumInfo<CheckExistsMode>(),
+        &enumInfo<MultiOptionBorder>(),
+        &enumInfo<ShadowedLine_Mode>(),
     };
     // clang-format on
     return all;

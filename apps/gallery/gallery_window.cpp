@@ -10,11 +10,14 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QVBoxLayout>
+#include <cmath>
 #include <deque>
 #include <map>
 
@@ -26,6 +29,9 @@
 #include "corvex/posix/profile_files.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/library/form_file.h"
+#include "corvex/options/multi_option.h"
+#include "corvex/options/shadowed_line.h"
+#include "corvex/options/single_option.h"
 #include "corvex/posix/atomic_file.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
@@ -94,11 +100,51 @@ const std::vector<GalleryEntry>& galleryEntries() {
          false,
          u"Document (FileNameBox)",
          GallerySettings::FileName},
+        {&MultiOption::staticClassInfo,
+         u"size",
+         u"Options and separators",
+         {{u"Caption", u"Size (MultiOption)"},
+          {u"OptionNum", std::int16_t{3}},
+          {u"OptionCaptions", u"Small|Medium|Large"},
+          {u"DefaultValue", std::int16_t{1}}},
+         false,
+         nullptr,
+         GallerySettings::Options},
+        {&SingleOption::staticClassInfo,
+         u"express",
+         u"Options and separators",
+         {{u"Caption", u"Express delivery (SingleOption)"}}},
+        {&ShadowedLine::staticClassInfo,
+         u"separator",
+         u"Options and separators",
+         {},
+         false,
+         u"Separator (ShadowedLine)"},
+        {&ShadowedLine::staticClassInfo,
+         u"upright",
+         u"Options and separators",
+         {{u"Mode", std::int32_t{1}}},
+         false,
+         u"Vertical separator"},
     };
     return entries;
 }
 
 namespace {
+
+// Gives a group of option buttons the height of its rows: they stand two button heights
+// apart, the first at OptionTop.
+void fitOptionRows(QtControlHost* control) {
+    const auto read = [control](std::u16string_view p) {
+        return getProperty(*control->object(), p).toDouble();
+    };
+    const double count = read(u"OptionNum");
+    const double perLine = read(u"OptionNumPerLine");
+    const double rows = perLine < 1 ? 1 : std::ceil(count / perLine);
+    const double step = 2 * read(u"OptionHeight") + read(u"VartSpace");
+    const double twips = read(u"OptionTop") + (rows - 1) * step + read(u"OptionHeight") + 240;
+    control->setFixedHeight(static_cast<int>(std::lround(twips / control->twipsPerPixelY())));
+}
 
 constexpr int kLogLimit = 500;
 constexpr int kShownValueLength = 200;
@@ -222,6 +268,15 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
             fileNameSettings(control, group.grid, row);
             ++group.rows;
         }
+        if (entry.settings == GallerySettings::Options) {
+            group.grid->addWidget(optionSettings(groupBox, control, name), row, 2, Qt::AlignTop);
+        }
+        if (&entry.classInfo() == &ShadowedLine::staticClassInfo() &&
+            getProperty(*control->object(), u"Mode").toLong() == 1) {
+            // A vertical separator stands as high as a few lines of text.
+            control->setFixedHeight(48);
+            control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        }
         if (entry.settings == GallerySettings::Number) {
             d->numberBoxes.push_back(control);
             // The switches go under the last numeric box of a run of them.
@@ -296,6 +351,44 @@ GalleryWindow::~GalleryWindow() {
 
 qt::QtForm& GalleryWindow::form() const {
     return *d->form;
+}
+
+QWidget* GalleryWindow::optionSettings(QWidget* parent, QtControlHost* control,
+                                       const QString& name) {
+    auto* panel = new QWidget(parent);
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(0, 0, 0, 0);
+    const auto read = [control](std::u16string_view property) {
+        return getProperty(*control->object(), property);
+    };
+    const auto spin = [&](const QString& suffix, std::u16string_view property, int row) {
+        auto* box = new QSpinBox(panel);
+        box->setObjectName(name + suffix);
+        box->setRange(0, 12);
+        // 0 (one row) comes only from a saved form: the control refuses it when set.
+        box->setSpecialValueText(QStringLiteral("0: one row"));
+        box->setValue(read(property).toInteger());
+        connect(box, &QSpinBox::valueChanged, this, [this, control, property, box](int n) {
+            letControlProperty(control, property, Variant(static_cast<std::int16_t>(n)));
+            // A refused number leaves the control as it was; the box shows what it has.
+            const QSignalBlocker quiet(box);
+            box->setValue(getProperty(*control->object(), property).toInteger());
+            fitOptionRows(control);
+        });
+        grid->addWidget(new QLabel(suffix, panel), row, 0);
+        grid->addWidget(box, row, 1);
+    };
+    spin(QStringLiteral("OptionNum"), u"OptionNum", 0);
+    spin(QStringLiteral("OptionNumPerLine"), u"OptionNumPerLine", 1);
+    auto* captions = new QLineEdit(toQString(read(u"OptionCaptions").toString()), panel);
+    captions->setObjectName(name + QStringLiteral("OptionCaptions"));
+    connect(captions, &QLineEdit::textChanged, this, [this, control](const QString& text) {
+        letControlProperty(control, u"OptionCaptions", Variant(qt::fromQString(text)));
+    });
+    grid->addWidget(new QLabel(QStringLiteral("OptionCaptions"), panel), 2, 0);
+    grid->addWidget(captions, 2, 1);
+    fitOptionRows(control);
+    return panel;
 }
 
 QWidget* GalleryWindow::numberSettings(QWidget* parent) {

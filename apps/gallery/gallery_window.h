@@ -38,6 +38,9 @@ enum class GallerySettings {
     /// A combo box of the four existence modes ("<name>Mode") and a line showing the
     /// name's parts as it is typed ("<name>Parts"), read without message boxes.
     FileName,
+    /// A group of option buttons: OptionNum ("<name>OptionNum"), OptionNumPerLine
+    /// ("<name>OptionNumPerLine") and OptionCaptions ("<name>OptionCaptions"), changed live.
+    Options,
 };
 
 /// One control shown in the gallery.
@@ -117,6 +120,7 @@ private:
     QStringList unsavedValues() const;
     QWidget* numberSettings(QWidget* parent);
     void fileNameSettings(qt::QtControlHost* control, QGridLayout* grid, int row);
+    QWidget* optionSettings(QWidget* parent, qt::QtControlHost* control, const QString& name);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);
     void report(const QString& message);

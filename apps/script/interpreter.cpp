@@ -8,15 +8,13 @@
 
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
+#include "corvex/headless/page_widgets.h"
 #include "corvex/headless/standard_controls.h"
 #include "corvex/library/class_table.h"
 #include "corvex/library/literals.h"
 #include "corvex/library/memory_bag.h"
 #include "corvex/posix/atomic_file.h"
-#include "corvex/headless/page_widgets.h"
-#include "corvex/library/class_table.h"
-#include "corvex/library/literals.h"
-#include "corvex/library/memory_bag.h"
+#include "corvex/script/peek.h"
 #include "corvex/services/property_page.h"
 
 namespace corvex::script {
@@ -624,6 +622,32 @@ struct Interpreter::Commands {
         throw Error(err::MemberNotFound);
     }
 
+    // peek NAME.PROP | NAME.WIDGET.PROP | NAME.WIDGET(I).PROP: the host's own models.
+    static void peek(Interpreter& in, const Tokens& t, const Command&) {
+        const std::string_view target = t[1];
+        const std::size_t dot = target.find('.');
+        const std::size_t last = target.rfind('.');
+        if (dot == std::string_view::npos || !isName(target.substr(last + 1))) {
+            throw ParseError{"expected NAME.PROP or NAME.WIDGET[(I)].PROP, found " + shown(target)};
+        }
+        const ControlName name = controlName(target.substr(0, dot));
+        const std::u16string property = fromUtf8(target.substr(last + 1));
+        std::optional<std::u16string> widget;
+        std::int16_t index = -1;
+        if (last != dot) {
+            const ControlName w = controlName(target.substr(dot + 1, last - dot - 1));
+            widget = w.name;
+            index = w.index == NoIndex ? std::int16_t{-1} : w.index;
+        }
+        in.execute([&] {
+            const headless::Site& s = in.site(name);
+            s.control().checkAvailable();
+            const Variant v =
+                widget ? peekWidget(s, *widget, index, property) : peekSurface(s, property);
+            in.print("= " + typeWord(v.type()) + " " + formatValue(v));
+        });
+    }
+
     static void resize(Interpreter& in, const Tokens& t, const Command&) {
         const ControlName name = controlName(t[1]);
         const Operand width = in.operand(t[2]);
@@ -714,6 +738,7 @@ struct Interpreter::Commands {
             {"form",      "form LEFT TOP WIDTH HEIGHT",                 5, 5,    &Commands::formGeometry},
             {"screen",    "screen WIDTH HEIGHT",                        3, 3,    &Commands::screen},
             {"drop",      "drop NAME \"PATH\" ...",                     3, any, &Commands::drop},
+            {"peek",      "peek NAME.PROP | NAME.WIDGET[(I)].PROP",     2, 2,    &Commands::peek},
         };
         // clang-format on
         return commands;

@@ -11,13 +11,14 @@ Object::~Object() = default;
 
 ClassInfo::ClassInfo(std::u16string name, ClassKind kind, std::vector<MemberInfo> members,
                      std::vector<EventInfo> events, Factory factory,
-                     std::pair<float, float> defaultSize)
+                     std::pair<float, float> defaultSize, std::vector<SavedInfo> unpublishedSaved)
     : name_(std::move(name)),
       kind_(kind),
       members_(std::move(members)),
       events_(std::move(events)),
       factory_(std::move(factory)),
-      defaultSize_(defaultSize) {}
+      defaultSize_(defaultSize),
+      unpublishedSaved_(std::move(unpublishedSaved)) {}
 
 const MemberInfo* ClassInfo::member(std::u16string_view name) const {
     for (const auto& m : members_) {

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "corvex/headless/option_widgets.h"
+
 namespace corvex::headless {
 
 // --- host --------------------------------------------------------------------------
@@ -106,6 +108,40 @@ std::unique_ptr<TextBox> Site::createTextBox(const TextBoxSpec& spec) {
     auto w = std::make_unique<HeadlessTextBox>(*this, spec);
     widgets_.push_back(w.get());
     return w;
+}
+
+std::unique_ptr<Frame> Site::createFrame(const WidgetSpec& spec) {
+    auto w = std::make_unique<HeadlessFrame>(*this, spec);
+    widgets_.push_back(w.get());
+    return w;
+}
+
+std::unique_ptr<OptionButton> Site::createOptionButton(const OptionButtonSpec& spec) {
+    auto w = std::make_unique<HeadlessOptionButton>(*this, spec);
+    widgets_.push_back(w.get());
+    return w;
+}
+
+std::unique_ptr<ControlArray<OptionButton>> Site::createOptionButtonArray(
+    const OptionButtonSpec& spec) {
+    return std::make_unique<HeadlessOptionButtonArray>(*this, spec);
+}
+
+std::unique_ptr<LineShape> Site::createLine(const LineSpec& spec) {
+    auto w = std::make_unique<HeadlessLine>(*this, spec);
+    widgets_.push_back(w.get());
+    return w;
+}
+
+void Site::mouseOnSurface(WidgetEventType type, std::int16_t button, std::int16_t shift, float x,
+                          float y) {
+    WidgetEvent e;
+    e.type = type;
+    e.button = button;
+    e.shift = shift;
+    e.x = x;
+    e.y = y;
+    if (control_) control_->surfaceMouse(e);
 }
 
 void Site::forget(HeadlessWidget* w) {

@@ -1,5 +1,6 @@
 #include "corvex/qt/control_host.h"
 
+#include <QMouseEvent>
 #include <QResizeEvent>
 #include <QShowEvent>
 #include <QStringList>
@@ -11,6 +12,7 @@
 #include "corvex/library/literals.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
+#include "corvex/qt/option_widgets.h"
 #include "corvex/qt/widgets.h"
 
 namespace corvex::qt {
@@ -379,6 +381,23 @@ std::unique_ptr<TextBox> QtControlHost::createTextBox(const TextBoxSpec& design)
     return std::make_unique<QtTextBox>(*this, design);
 }
 
+std::unique_ptr<Frame> QtControlHost::createFrame(const WidgetSpec& design) {
+    return std::make_unique<QtFrame>(*this, design);
+}
+
+std::unique_ptr<OptionButton> QtControlHost::createOptionButton(const OptionButtonSpec& design) {
+    return std::make_unique<QtOptionButton>(*this, design);
+}
+
+std::unique_ptr<ControlArray<OptionButton>> QtControlHost::createOptionButtonArray(
+    const OptionButtonSpec& design) {
+    return std::make_unique<QtOptionButtonArray>(*this, design);
+}
+
+std::unique_ptr<LineShape> QtControlHost::createLine(const LineSpec& design) {
+    return std::make_unique<QtLine>(*this, design);
+}
+
 void QtControlHost::raiseEvent(const EventInfo& event, std::span<Variant> args) {
     EventArgs a(event, args);
     emit eventRaised(toQString(event.name), a);
@@ -402,6 +421,40 @@ void QtControlHost::showEvent(QShowEvent* event) {
     } catch (const std::exception& e) {
         d->host.reportError(e);
     }
+}
+
+// The mouse on the surface itself (or on an inner widget that leaves it to the surface,
+// as a frame does) goes to the control in the surface's scale units.
+void QtControlHost::surfaceMouse(WidgetEventType type, QMouseEvent* event) {
+    if (!d->control || d->control->detached()) return;
+    event->accept();
+    const QPointF at = event->position();
+    const ScaleMode mode = d->surface.scaleMode();
+    WidgetEvent e;
+    e.type = type;
+    // A move reports the buttons held; a press or release the button that acted.
+    e.button = type == WidgetEventType::MouseMove ? mouseButtons(event->buttons())
+                                                  : mouseButtons(event->button());
+    e.shift = shiftBits(event->modifiers());
+    e.x = d->surface.scaleX(static_cast<float>(at.x() * twipsPerPixelX()), ScaleMode::Twips, mode);
+    e.y = d->surface.scaleY(static_cast<float>(at.y() * twipsPerPixelY()), ScaleMode::Twips, mode);
+    try {
+        d->control->surfaceMouse(e);
+    } catch (const std::exception& ex) {
+        d->host.reportError(ex);
+    }
+}
+
+void QtControlHost::mousePressEvent(QMouseEvent* event) {
+    surfaceMouse(WidgetEventType::MouseDown, event);
+}
+
+void QtControlHost::mouseMoveEvent(QMouseEvent* event) {
+    surfaceMouse(WidgetEventType::MouseMove, event);
+}
+
+void QtControlHost::mouseReleaseEvent(QMouseEvent* event) {
+    surfaceMouse(WidgetEventType::MouseUp, event);
 }
 
 }  // namespace corvex::qt

@@ -12,6 +12,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRadioButton>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -323,6 +324,38 @@ TEST_F(GalleryQt, shouldKeepEveryOtherLineOfAnIniFileItSavesInto) {
     EXPECT_EQ(after.substr(0, 63),
               "; kept by hand\r\n[Other]\r\nScrollBars=9\r\n[ GALLERY ]\r\nNotes = y\r\n");
     EXPECT_EQ(IniDocument(after).find("gallery", "newsletter"), "False");
+}
+
+TEST_F(GalleryQt, shouldChangeTheOptionGroupLiveFromItsSwitches) {
+    QtControlHost* size = control("size");
+    ASSERT_NE(size, nullptr);
+    auto* num = qobject_cast<QSpinBox*>(window.settingsSwitch(QStringLiteral("sizeOptionNum")));
+    auto* perLine =
+        qobject_cast<QSpinBox*>(window.settingsSwitch(QStringLiteral("sizeOptionNumPerLine")));
+    auto* captions =
+        qobject_cast<QLineEdit*>(window.settingsSwitch(QStringLiteral("sizeOptionCaptions")));
+    ASSERT_NE(num, nullptr);
+    ASSERT_NE(perLine, nullptr);
+    ASSERT_NE(captions, nullptr);
+    const int oneRow = size->height();
+    num->setValue(5);
+    perLine->setValue(2);
+    captions->setText(QStringLiteral("A|B|C|D|E"));
+    EXPECT_EQ(getProperty(*size->object(), u"OptionNum").toInteger(), 5);
+    EXPECT_EQ(getProperty(*size->object(), u"OptionNumPerLine").toInteger(), 2);
+    auto* fifth = size->findChild<QRadioButton*>(QStringLiteral("optChildOption(4)"));
+    ASSERT_NE(fifth, nullptr);
+    EXPECT_EQ(fifth->text(), QStringLiteral("E"));
+    EXPECT_GT(size->height(), oneRow) << "three rows need more room than one";
+    EXPECT_EQ(value("size"), u"1") << "the design's default stays selected";
+}
+
+TEST_F(GalleryQt, shouldShowASingleOptionAndBothSeparators) {
+    EXPECT_EQ(value("express"), u"False");
+    ASSERT_NE(control("separator"), nullptr);
+    ASSERT_NE(control("upright"), nullptr);
+    EXPECT_EQ(getProperty(*control("upright")->object(), u"Mode").toLong(), 1);
+    EXPECT_LE(control("upright")->width(), 2) << "a vertical separator keeps 25 twips";
 }
 
 TEST_F(GalleryQt, shouldAppendToALongLogAtAConstantCost) {

@@ -53,6 +53,9 @@ public:
     virtual void show() {}
     /// Repaints the control surface (the Refresh method of every control).
     void refresh();
+    /// The host reports a mouse event on the surface itself, outside every inner widget
+    /// (x and y in the surface's scale units); nothing by default.
+    virtual void surfaceMouse(const WidgetEvent&) {}
 
 protected:
     /// Releases the inner widgets; called once, by detach, while the site still exists.

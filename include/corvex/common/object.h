@@ -141,7 +141,8 @@ public:
 
     ClassInfo(std::u16string name, ClassKind kind, std::vector<MemberInfo> members,
               std::vector<EventInfo> events, Factory factory = {},
-              std::pair<float, float> defaultSize = {0, 0});
+              std::pair<float, float> defaultSize = {0, 0},
+              std::vector<SavedInfo> unpublishedSaved = {});
 
     /// The class name.
     const std::u16string& name() const { return name_; }
@@ -167,6 +168,10 @@ public:
     bool creatable() const { return static_cast<bool>(factory_); }
     /// The size (twips) a new instance gets when placed on a form.
     std::pair<float, float> defaultSize() const { return defaultSize_; }
+    /// Bag entries the class writes and reads that belong to no public member (a name
+    /// written a second time, a look of the surface itself); their orders are places among
+    /// all of the class's bag writes and reads.
+    const std::vector<SavedInfo>& unpublishedSaved() const { return unpublishedSaved_; }
 
 private:
     std::u16string name_;
@@ -175,6 +180,7 @@ private:
     std::vector<EventInfo> events_;
     Factory factory_;
     std::pair<float, float> defaultSize_;
+    std::vector<SavedInfo> unpublishedSaved_;
 };
 
 /// Reaches a member by name: a method call or property get returns its value, a let or

@@ -170,6 +170,12 @@ public:
     void resizeTo(float width, float height);
     /// Sets the surface's scale mode.
     void setScaleMode(ScaleMode mode) { scaleMode_ = mode; }
+    /// A mouse event on the surface itself, outside every inner widget, at (x, y) in the
+    /// surface's scale units.
+    void mouseOnSurface(WidgetEventType type, std::int16_t button, std::int16_t shift, float x,
+                        float y);
+    /// Lists a widget made outside the factory methods (an element of a control array).
+    void adopt(HeadlessWidget* w) { widgets_.push_back(w); }
 
     // ControlSite
     Ambient& ambient() override { return host_; }
@@ -194,6 +200,13 @@ public:
     float width() const override { return width_; }
     float height() const override { return height_; }
     void setSize(float width, float height) override { resizeTo(width, height); }
+    /// The control's left edge on the form (twips); a headless form places every control
+    /// at its top-left corner.
+    float left() const { return 0; }
+    /// The control's top edge on the form (twips).
+    float top() const { return 0; }
+    /// Whether the control is shown; a headless form shows every control it holds.
+    bool visible() const { return true; }
     void refresh() override { ++refreshCount; }
 
     // WidgetFactory
@@ -201,6 +214,11 @@ public:
     std::unique_ptr<TextBox> createTextBox(const TextBoxSpec& spec) override;
     std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& spec) override;
     std::unique_ptr<ItemList> createItemList(const WidgetSpec& spec) override;
+    std::unique_ptr<Frame> createFrame(const WidgetSpec& spec) override;
+    std::unique_ptr<OptionButton> createOptionButton(const OptionButtonSpec& spec) override;
+    std::unique_ptr<ControlArray<OptionButton>> createOptionButtonArray(
+        const OptionButtonSpec& spec) override;
+    std::unique_ptr<LineShape> createLine(const LineSpec& spec) override;
 
     // Sinks
     void propertyChanged(std::u16string_view name) override;

@@ -46,6 +46,18 @@ enum class CheckExistsMode : std::int32_t {
     FileAndFolder = 3,  ///< an existing file or folder
 };
 
+/// The border of a MultiOption's frame (the value of its BorderStyle).
+enum class MultiOptionBorder : std::int32_t {
+    None = 0,         ///< no border
+    FixedSingle = 1,  ///< a single line
+};
+
+/// How a ShadowedLine runs (the value of its Mode); the first name is published so spelled.
+enum class ShadowedLine_Mode : std::int32_t {
+    Horizonrtal = 0,  ///< a horizontal line with its shadow below
+    Vertical = 1,     ///< a vertical line with its shadow to the right
+};
+
 /// The table-side description of CorvexIMEMode.
 template <>
 const EnumInfo& enumInfo<CorvexIMEMode>();
@@ -59,6 +71,12 @@ const EnumInfo& enumInfo<ScrollBarsMode>();
 /// The table-side description of CheckExistsMode.
 template <>
 const EnumInfo& enumInfo<CheckExistsMode>();
+/// The table-side description of MultiOptionBorder.
+template <>
+const EnumInfo& enumInfo<MultiOptionBorder>();
+/// The table-side description of ShadowedLine_Mode.
+template <>
+const EnumInfo& enumInfo<ShadowedLine_Mode>();
 
 /// Every public enumeration, in the order the library publishes them.
 const std::vector<const EnumInfo*>& publicEnumerations();

@@ -11,6 +11,14 @@
 
 namespace corvex {
 
+class Frame;
+class OptionButton;
+class LineShape;
+template <class W>
+class ControlArray;
+struct OptionButtonSpec;
+struct LineSpec;
+
 /// Key codes and shift bits as the host reports them in KeyDown and KeyUp.
 namespace key {
 inline constexpr std::int16_t Back = 8;         ///< Backspace
@@ -237,6 +245,15 @@ public:
     virtual std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& spec) = 0;
     /// A drop-down list with item data (see corvex/platform/page_widgets.h).
     virtual std::unique_ptr<ItemList> createItemList(const WidgetSpec& spec) = 0;
+    /// A frame (corvex/platform/option_widgets.h).
+    virtual std::unique_ptr<Frame> createFrame(const WidgetSpec& spec) = 0;
+    /// A single option button.
+    virtual std::unique_ptr<OptionButton> createOptionButton(const OptionButtonSpec& spec) = 0;
+    /// An array of option buttons whose element 0 is made from spec (its index is 0).
+    virtual std::unique_ptr<ControlArray<OptionButton>> createOptionButtonArray(
+        const OptionButtonSpec& spec) = 0;
+    /// A line shape.
+    virtual std::unique_ptr<LineShape> createLine(const LineSpec& spec) = 0;
 };
 
 }  // namespace corvex

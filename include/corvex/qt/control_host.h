@@ -147,6 +147,15 @@ public:
     std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& design) override;
     /// A QtItemList on this surface.
     std::unique_ptr<ItemList> createItemList(const WidgetSpec& design) override;
+    /// A QtFrame (a QGroupBox) on this surface.
+    std::unique_ptr<Frame> createFrame(const WidgetSpec& design) override;
+    /// A QtOptionButton (a QRadioButton) on this surface or in its container.
+    std::unique_ptr<OptionButton> createOptionButton(const OptionButtonSpec& design) override;
+    /// An array of QtOptionButtons.
+    std::unique_ptr<ControlArray<OptionButton>> createOptionButtonArray(
+        const OptionButtonSpec& design) override;
+    /// A QtLine on this surface.
+    std::unique_ptr<LineShape> createLine(const LineSpec& design) override;
 
     /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
     void raiseEvent(const EventInfo& event, std::span<Variant> args) override;
@@ -161,6 +170,9 @@ signals:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     friend class QtWidget;
@@ -169,6 +181,7 @@ private:
     void joinModel(FormModel& model);
     void widgetMade(QtWidget* widget);
     void widgetGone(QtWidget* widget);
+    void surfaceMouse(WidgetEventType type, QMouseEvent* event);
     struct Private;
     std::unique_ptr<Private> const d;
 };
