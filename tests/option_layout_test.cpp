@@ -7,6 +7,7 @@
 #include "corvex/library/memory_bag.h"
 #include "corvex/options/captions.h"
 #include "corvex/options/multi_option.h"
+#include "corvex/platform/page_widgets.h"
 #include "support/headless_fixture.h"
 
 using namespace corvex;
@@ -242,6 +243,15 @@ public:
     Clipboard& clipboard() override { return in_.clipboard(); }
     Application& application() override { return in_.application(); }
     Form* parentForm() override { return in_.parentForm(); }
+    ProfileService& profiles() override { return in_.profiles(); }
+    Screen& screen() override { return in_.screen(); }
+    FileSystem& fileSystem() override { return in_.fileSystem(); }
+    std::unique_ptr<TextLabel> createTextLabel(const WidgetSpec& s) override {
+        return in_.createTextLabel(s);
+    }
+    std::unique_ptr<ItemList> createItemList(const WidgetSpec& s) override {
+        return in_.createItemList(s);
+    }
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& s) override {
         return in_.createCheckBox(s);
     }

@@ -25,14 +25,14 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
-#include "corvex/library/ini_file.h"
-#include "corvex/posix/profile_files.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/library/form_file.h"
+#include "corvex/library/ini_file.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
 #include "corvex/options/single_option.h"
 #include "corvex/posix/atomic_file.h"
+#include "corvex/posix/profile_files.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
@@ -96,7 +96,7 @@ const std::vector<GalleryEntry>& galleryEntries() {
         {&FileNameBox::staticClassInfo,
          u"document",
          u"File names",
-         {{u"MessageShow", true}},
+         {{u"MessageShow", true}, gallerySection, {u"KeyName", u"document"}},
          false,
          u"Document (FileNameBox)",
          GallerySettings::FileName},
@@ -106,14 +106,18 @@ const std::vector<GalleryEntry>& galleryEntries() {
          {{u"Caption", u"Size (MultiOption)"},
           {u"OptionNum", std::int16_t{3}},
           {u"OptionCaptions", u"Small|Medium|Large"},
-          {u"DefaultValue", std::int16_t{1}}},
+          {u"DefaultValue", std::int16_t{1}},
+          gallerySection,
+          {u"KeyName", u"size"}},
          false,
          nullptr,
          GallerySettings::Options},
         {&SingleOption::staticClassInfo,
          u"express",
          u"Options and separators",
-         {{u"Caption", u"Express delivery (SingleOption)"}}},
+         {{u"Caption", u"Express delivery (SingleOption)"},
+          gallerySection,
+          {u"KeyName", u"express"}}},
         {&ShadowedLine::staticClassInfo,
          u"separator",
          u"Options and separators",
