@@ -10,9 +10,13 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/files/file_name_box.h"
 #include "corvex/headless/standard_controls.h"
 #include "corvex/library/ini_file.h"
 #include "corvex/library/memory_bag.h"
+#include "corvex/options/multi_option.h"
+#include "corvex/options/single_option.h"
+#include "corvex/posix/file_system.h"
 #include "support/file_limits.h"
 #include "support/headless_fixture.h"
 #include "support/temp_folder.h"
@@ -461,4 +465,46 @@ TEST_F(SettingHandleTest, shouldDeclareAnEmptyEventInterfaceAndTheMembersInInter
               u"Iniファイル名称を設定します。（Iniファイル操作で使用）");
     EXPECT_TRUE(cls.member(u"SaveIni")->params[2].byRef);
     EXPECT_TRUE(cls.member(u"SaveIni")->params[2].optional);
+}
+
+TEST_F(SettingHandleTest, shouldRoundTripTheOptionAndFileNameControlsThroughAnIniFileAndTheStore) {
+    for (const bool store : {false, true}) {
+        const std::u16string suffix = store ? u"2" : u"1";
+        Control& m = place(MultiOption::staticClassInfo(), u"m" + suffix, "S", "Size");
+        letProperty(m, u"OptionNum", std::int16_t{3});
+        Control& s = place(SingleOption::staticClassInfo(), u"s" + suffix, "S", "Express");
+        Control& f = place(FileNameBox::staticClassInfo(), u"f" + suffix, "S", "Document");
+        letProperty(m, u"Value", std::int16_t{2});
+        letProperty(s, u"Value", Boolean(true));
+        letProperty(f, u"Value", u"C:\\Data\\report.txt");
+        const Variant target = store ? Variant(u"App") : Variant(ini("o.ini"));
+        call(store ? u"SaveControlsToRegistry" : u"SaveControlsToIni", {target});
+        letProperty(m, u"Value", std::int16_t{0});
+        letProperty(s, u"Value", Boolean(false));
+        letProperty(f, u"Value", u"");
+        call(store ? u"GetControlsFromRegistry" : u"GetControlsFromIni", {target});
+        EXPECT_EQ(value(m), Variant(std::int16_t{2})) << store;
+        EXPECT_EQ(value(s), Variant(Boolean(true))) << store;
+        EXPECT_EQ(value(f), Variant(u"C:\\Data\\report.txt")) << store;
+        if (!store) {
+            EXPECT_EQ(readFile(iniPath("o.ini")),
+                      "[S]\nSize=2\nExpress=True\nDocument=C:\\Data\\report.txt\n");
+        }
+        for (const char16_t* n : {u"m", u"s", u"f"}) h.form().remove(n + suffix);
+    }
+}
+
+TEST_F(SettingHandleTest, shouldFindAnIniFileNamedTheWindowsWayThroughTheDriveMap) {
+    std::filesystem::create_directories(root / "Drive/Config");
+    corvex::posix::DriveMap drives;
+    ASSERT_TRUE(drives.map(u"T:", root / "Drive"));
+    corvex::posix::PosixFileSystem files(drives);
+    h.host().profiles().setWindowsNameMapper(
+        [&files](std::u16string_view name) { return files.nativePathFor(name); });
+    // The folder is found whatever the case the name gives it; the new file keeps its name.
+    call(u"SaveIni", {u"S", u"K", u"5", u"T:\\CONFIG\\app.ini"});
+    EXPECT_EQ(readFile(root / "Drive/Config/app.ini"), "[S]\nK=5\n");
+    EXPECT_EQ(call(u"GetIni", {u"s", u"k", u"d", u"t:\\config\\APP.INI"}), Variant(u"5"));
+    // A drive nobody mapped names no file: the default comes back and nothing is written.
+    EXPECT_EQ(call(u"GetIni", {u"S", u"K", u"d", u"Q:\\app.ini"}), Variant(u"d"));
 }

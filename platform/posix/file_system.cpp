@@ -115,6 +115,14 @@ const DriveMap& PosixFileSystem::driveMap() const {
 
 std::optional<std::string> PosixFileSystem::nativePathFor(std::u16string_view name) const {
     if (auto existing = resolve(name)) return existing;
+    // A file not made yet lies in its folder as the folder is spelled on disk.
+    const std::size_t cut = name.find_last_of(u"\\/");
+    if (cut != std::u16string_view::npos && cut + 1 < name.size()) {
+        if (auto folder = resolve(name.substr(0, cut + 1))) {
+            if (!folder->empty() && folder->back() != '/') folder->push_back('/');
+            return *folder + toUtf8(std::u16string(name.substr(cut + 1)));
+        }
+    }
     return driveMap().toNative(name);
 }
 
