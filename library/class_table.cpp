@@ -4,14 +4,14 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
-#include "corvex/services/setting_handle.h"
-#include "corvex/services/form_handle.h"
-#include "corvex/services/message_box.h"
-#include "corvex/services/msgbox_page.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
 #include "corvex/options/single_option.h"
+#include "corvex/services/form_handle.h"
+#include "corvex/services/message_box.h"
+#include "corvex/services/msgbox_page.h"
+#include "corvex/services/setting_handle.h"
 
 namespace corvex {
 

@@ -60,11 +60,11 @@ TEST(ClassTable, shouldDescribeEveryPublicEnumerationWithItsPublishedNamesAndVal
     std::vector<std::u16string> names;
     for (const EnumInfo* e : publicEnumerations()) names.push_back(e->name);
     EXPECT_EQ(names,
-              (std::vector<std::u16string>{u"CorvexIMEMode", u"InputMode", u"ScrollBarsMode",
-                                           u"MsgBoxControlButtonType", u"MsgBoxControlIconType",
-                                           u"MsgBoxControlDefaultButtonType",
-                                           u"MsgBoxControlModalType", u"MsgBoxControlAnswer", u"CheckExistsMode",
-                                           u"MultiOptionBorder", u"ShadowedLine_Mode"}));
+              (std::vector<std::u16string>{
+                  u"CorvexIMEMode", u"InputMode", u"ScrollBarsMode", u"MsgBoxControlButtonType",
+                  u"MsgBoxControlIconType", u"MsgBoxControlDefaultButtonType",
+                  u"MsgBoxControlModalType", u"MsgBoxControlAnswer", u"CheckExistsMode",
+                  u"MultiOptionBorder", u"ShadowedLine_Mode"}));
     const EnumInfo& ime = enumInfo<CorvexIMEMode>();
     ASSERT_EQ(ime.members.size(), 9u);
     EXPECT_EQ(ime.members[3],

@@ -17,8 +17,8 @@
 #include "corvex/platform/application.h"
 #include "corvex/platform/clipboard.h"
 #include "corvex/platform/message_box.h"
-#include "corvex/posix/profile_files.h"
 #include "corvex/posix/file_system.h"
+#include "corvex/posix/profile_files.h"
 
 namespace corvex::qt {
 
