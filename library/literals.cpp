@@ -7,6 +7,7 @@
 
 #include "corvex/common/number_text.h"
 #include "corvex/common/text.h"
+#include "corvex/common/variant_array.h"
 
 namespace corvex {
 
@@ -240,6 +241,35 @@ Variant parseFont(std::string_view token) {
     return Variant(ObjectRef(Font::make(std::move(f))));
 }
 
+// The length of the opening "Font(", "Array(" or "ArrayFrom(" of a literal, 0 for none.
+std::size_t callLiteralLength(std::string_view text) {
+    for (std::string_view open : {"Font(", "Array(", "ArrayFrom("}) {
+        if (startsWithWord(text, open)) return open.size();
+    }
+    return 0;
+}
+
+// Array(V, ...) holds its elements from index 0; ArrayFrom(LBOUND, V, ...) from LBOUND.
+Variant parseArray(std::string_view token, std::size_t open, bool withLowerBound) {
+    if (token.back() != ')') throw LiteralError("unexpected text after an array");
+    const std::vector<std::string_view> args =
+        fontArguments(token.substr(open, token.size() - open - 1));
+    std::vector<Variant> v;
+    for (std::string_view a : args) {
+        if (callLiteralLength(a) != 0) throw LiteralError("an array holds plain values only");
+        v.push_back(parseLiteral(a));
+    }
+    std::int32_t lower = 0;
+    if (withLowerBound) {
+        if (v.empty() || (v[0].type() != VarType::Integer && v[0].type() != VarType::Long)) {
+            throw LiteralError("ArrayFrom( needs its lower bound, a whole number, first");
+        }
+        lower = v[0].toLong();
+        v.erase(v.begin());
+    }
+    return Variant(ObjectRef(VariantArray::make(std::move(v), lower)));
+}
+
 }  // namespace
 
 bool isName(std::string_view text) {
@@ -369,10 +399,12 @@ std::size_t literalTokenLength(std::string_view text) {
     if (!text.empty() && text[0] == '"') {
         i = quotedEnd(text, 0);
         if (i == std::string_view::npos) throw LiteralError("unterminated string");
-    } else if (startsWithWord(text, "Font(")) {
-        i = 5;
+    } else if (const std::size_t open = callLiteralLength(text); open != 0) {
+        i = open;
         for (;;) {
-            if (i >= text.size()) throw LiteralError("Font( is not closed by )");
+            if (i >= text.size()) {
+                throw LiteralError(std::string(text.substr(0, open)) + " is not closed by )");
+            }
             if (text[i] == '"') {
                 i = quotedEnd(text, i);
                 if (i == std::string_view::npos)
@@ -395,6 +427,8 @@ Variant parseLiteral(std::string_view token) {
         return Variant(std::move(s));
     }
     if (startsWithWord(token, "Font(")) return parseFont(token);
+    if (startsWithWord(token, "Array(")) return parseArray(token, 6, false);
+    if (startsWithWord(token, "ArrayFrom(")) return parseArray(token, 10, true);
     if (equalsWord(token, "True")) return Variant(true);
     if (equalsWord(token, "False")) return Variant(false);
     if (equalsWord(token, "Empty")) return Variant();

@@ -7,6 +7,8 @@
 #include "corvex/library/memory_bag.h"
 #include "corvex/options/captions.h"
 #include "corvex/options/multi_option.h"
+#include "corvex/platform/command_button.h"
+#include "corvex/platform/list_box.h"
 #include "corvex/platform/page_widgets.h"
 #include "support/headless_fixture.h"
 
@@ -266,6 +268,16 @@ public:
         return std::make_unique<RecordingArray>(in_.createOptionButtonArray(s), log);
     }
     std::unique_ptr<LineShape> createLine(const LineSpec& s) override { return in_.createLine(s); }
+    std::unique_ptr<ListBox> createListBox(const ListBoxSpec& s) override {
+        return in_.createListBox(s);
+    }
+    std::unique_ptr<CommandButton> createCommandButton(const WidgetSpec& s) override {
+        return in_.createCommandButton(s);
+    }
+    std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
+        const WidgetSpec& s) override {
+        return in_.createCommandButtonArray(s);
+    }
     std::vector<std::string> log;
 
 private:

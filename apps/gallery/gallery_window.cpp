@@ -28,6 +28,7 @@
 #include "corvex/files/file_name_box.h"
 #include "corvex/library/form_file.h"
 #include "corvex/library/ini_file.h"
+#include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
 #include "corvex/options/single_option.h"
@@ -130,6 +131,12 @@ const std::vector<GalleryEntry>& galleryEntries() {
          {{u"Mode", std::int32_t{1}}},
          false,
          u"Vertical separator"},
+        {&MoveList::staticClassInfo,
+         u"columns",
+         u"Choosing from lists",
+         {},
+         false,
+         u"Columns shown (MoveList)"},
     };
     return entries;
 }
@@ -280,6 +287,14 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
             // A vertical separator stands as high as a few lines of text.
             control->setFixedHeight(48);
             control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+        }
+        if (&entry.classInfo() == &MoveList::staticClassInfo()) {
+            // A few candidates to choose from, and room for the button columns.
+            control->setFixedHeight(160);
+            Variant items(ObjectRef(VariantArray::make(
+                {u"Name", u"Address", u"Phone", u"E-mail", u"Birthday", u"Department"})));
+            invoke(*control->object(), u"LAddArray", CallKind::Method,
+                   std::span<Variant>(&items, 1));
         }
         if (entry.settings == GallerySettings::Number) {
             d->numberBoxes.push_back(control);

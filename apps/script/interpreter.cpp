@@ -8,6 +8,7 @@
 
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
+#include "corvex/headless/list_box.h"
 #include "corvex/headless/page_widgets.h"
 #include "corvex/headless/standard_controls.h"
 #include "corvex/library/class_table.h"
@@ -569,6 +570,21 @@ struct Interpreter::Commands {
         });
     }
 
+    static void choose(Interpreter& in, const Tokens& t, const Command& c) {
+        const WidgetTarget target = widgetTarget(in, t[1]);
+        if (!target.widget) throw ParseError{"usage: " + std::string(c.usage)};
+        const Operand item = in.operand(t[2]);
+        const std::optional<Operand> shift =
+            t.size() > 3 ? std::optional<Operand>(in.operand(t[3])) : std::nullopt;
+        in.execute([&] {
+            headless::Site& s = in.site(target.control);
+            auto* list = dynamic_cast<headless::HeadlessListBox*>(&innerWidget(s, target));
+            if (!list) throw Error(err::MemberNotFound, *target.widget + u" is not a list box");
+            list->clickItem(in.evaluate(item).toLong(),
+                            shift ? in.evaluate(*shift).toInteger() : std::int16_t{0});
+        });
+    }
+
     static PropertyPage& page(headless::Site& s) {
         auto* p = dynamic_cast<PropertyPage*>(&s.control());
         if (!p) throw Error(err::MemberNotFound, s.displayName() + u" is not a property page");
@@ -739,6 +755,7 @@ struct Interpreter::Commands {
             {"screen",    "screen WIDTH HEIGHT",                        3, 3,    &Commands::screen},
             {"drop",      "drop NAME \"PATH\" ...",                     3, any, &Commands::drop},
             {"peek",      "peek NAME.PROP | NAME.WIDGET[(I)].PROP",     2, 2,    &Commands::peek},
+            {"choose",    "choose NAME.WIDGET ITEM [SHIFT]",            3, 4,    &Commands::choose},
         };
         // clang-format on
         return commands;

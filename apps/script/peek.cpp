@@ -3,6 +3,8 @@
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
 #include "corvex/headless/option_widgets.h"
+#include "corvex/platform/command_button.h"
+#include "corvex/platform/list_box.h"
 
 namespace corvex::script {
 
@@ -79,6 +81,22 @@ bool ofKind(const Widget& w, std::u16string_view p, Variant& out) {
             out = l->y2();
         else if (is(p, u"BorderWidth"))
             out = l->borderWidth();
+        else
+            return false;
+    } else if (auto* b = dynamic_cast<const CommandButton*>(&w)) {
+        if (is(p, u"Caption"))
+            out = b->caption();
+        else
+            return false;
+    } else if (auto* lb = dynamic_cast<const ListBox*>(&w)) {
+        if (is(p, u"ListCount"))
+            out = lb->listCount();
+        else if (is(p, u"ListIndex"))
+            out = lb->listIndex();
+        else if (is(p, u"SelCount"))
+            out = lb->selCount();
+        else if (is(p, u"HorizontalExtent"))
+            out = lb->horizontalExtent();
         else
             return false;
     } else {

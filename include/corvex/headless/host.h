@@ -219,6 +219,10 @@ public:
     std::unique_ptr<ControlArray<OptionButton>> createOptionButtonArray(
         const OptionButtonSpec& spec) override;
     std::unique_ptr<LineShape> createLine(const LineSpec& spec) override;
+    std::unique_ptr<ListBox> createListBox(const ListBoxSpec& spec) override;
+    std::unique_ptr<CommandButton> createCommandButton(const WidgetSpec& spec) override;
+    std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
+        const WidgetSpec& spec) override;
 
     // Sinks
     void propertyChanged(std::u16string_view name) override;

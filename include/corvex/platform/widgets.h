@@ -232,6 +232,9 @@ struct TextBoxSpec : WidgetSpec {
 
 class TextLabel;
 class ItemList;
+class ListBox;
+struct ListBoxSpec;
+class CommandButton;
 
 /// Creates the inner widgets of one control on its surface.
 class WidgetFactory {
@@ -254,6 +257,13 @@ public:
         const OptionButtonSpec& spec) = 0;
     /// A line shape.
     virtual std::unique_ptr<LineShape> createLine(const LineSpec& spec) = 0;
+    /// A list box (corvex/platform/list_box.h).
+    virtual std::unique_ptr<ListBox> createListBox(const ListBoxSpec& spec) = 0;
+    /// A command button (corvex/platform/command_button.h).
+    virtual std::unique_ptr<CommandButton> createCommandButton(const WidgetSpec& spec) = 0;
+    /// An array of command buttons whose element 0 is made from spec (its index is 0).
+    virtual std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
+        const WidgetSpec& spec) = 0;
 };
 
 }  // namespace corvex

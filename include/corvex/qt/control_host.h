@@ -156,6 +156,13 @@ public:
         const OptionButtonSpec& design) override;
     /// A QtLine on this surface.
     std::unique_ptr<LineShape> createLine(const LineSpec& design) override;
+    /// A QtListBox (a QListWidget) on this surface.
+    std::unique_ptr<ListBox> createListBox(const ListBoxSpec& design) override;
+    /// A QtCommandButton (a QPushButton) on this surface.
+    std::unique_ptr<CommandButton> createCommandButton(const WidgetSpec& design) override;
+    /// An array of QtCommandButtons.
+    std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
+        const WidgetSpec& design) override;
 
     /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
     void raiseEvent(const EventInfo& event, std::span<Variant> args) override;
