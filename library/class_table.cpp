@@ -4,6 +4,7 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/files/file_dialog_box.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
@@ -31,6 +32,7 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &MultiOption::staticClassInfo(),
         &SingleOption::staticClassInfo(),
         &ShadowedLine::staticClassInfo(),
+        &FileDialogBox::staticClassInfo(),
     };
     // clang-format on
     return classes;
