@@ -29,6 +29,7 @@ HeadlessFormWindow::~HeadlessFormWindow() {
 void HeadlessFormWindow::resize(float width, float height) {
     width_ = width;
     height_ = height;
+    site_->resizeTo(width, height);
     if (listener_) listener_->formResized();
 }
 
@@ -59,7 +60,12 @@ HeadlessFormWindows::~HeadlessFormWindows() {
 }
 
 std::unique_ptr<FormWindow> HeadlessFormWindows::createFormWindow(const FormWindowSpec& spec) {
-    return std::make_unique<HeadlessFormWindow>(host_, *this, spec);
+    auto w = std::make_unique<HeadlessFormWindow>(host_, *this, spec);
+    auto it = std::find_if(made_.begin(), made_.end(),
+                           [&](const auto& m) { return equalsIgnoringCase(m.first, spec.name); });
+    if (it == made_.end()) it = made_.insert(made_.end(), {spec.name, 0});
+    w->serial_ = ++it->second;
+    return w;
 }
 
 HeadlessFormWindow* HeadlessFormWindows::find(std::u16string_view name) const {

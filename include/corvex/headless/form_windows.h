@@ -35,6 +35,10 @@ public:
     const std::u16string& caption() const { return caption_; }
     /// A widget inside by design name; null when there is none.
     HeadlessWidget* widget(std::u16string_view name) const;
+    /// The site the widgets sit on.
+    const Site& site() const { return *site_; }
+    /// Which window of its name this is, from 1, in the order the service made them.
+    int serial() const { return serial_; }
 
 private:
     Host& host_;
@@ -45,6 +49,7 @@ private:
     float height_;
     FormWindowListener* listener_;
     bool visible_ = false;
+    int serial_ = 0;
     HeadlessForm form_;
     std::unique_ptr<Site> site_;
     friend class HeadlessFormWindows;
@@ -68,6 +73,7 @@ private:
     friend class HeadlessFormWindow;
     Host& host_;
     std::vector<HeadlessFormWindow*> windows_;
+    std::vector<std::pair<std::u16string, int>> made_;  // windows made so far, by name
 };
 
 }  // namespace corvex::headless
