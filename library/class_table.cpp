@@ -4,6 +4,7 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/files/file_dialog_box.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
@@ -33,6 +34,7 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &SingleOption::staticClassInfo(),
         &ShadowedLine::staticClassInfo(),
         &MoveList::staticClassInfo(),
+        &FileDialogBox::staticClassInfo(),
     };
     // clang-format on
     return classes;

@@ -1,5 +1,6 @@
 #include "corvex/library/enums.h"
 
+#include "corvex/files/file_dialog_box.h"
 #include "corvex/services/msgbox_enums.h"
 
 namespace corvex {
@@ -76,6 +77,7 @@ const std::vector<const EnumInfo*>& publicEnumerations() {
         &enumInfo<CheckExistsMode>(),
         &enumInfo<MultiOptionBorder>(),
         &enumInfo<ShadowedLine_Mode>(),
+        &enumInfo<OpenOrSaveMode>(),
     };
     // clang-format on
     return all;

@@ -12,6 +12,7 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/files/file_dialog_box.h"
 #include "corvex/library/enums.h"
 #include "corvex/services/msgbox_enums.h"
 
@@ -64,7 +65,7 @@ TEST(ClassTable, shouldDescribeEveryPublicEnumerationWithItsPublishedNamesAndVal
                   u"CorvexIMEMode", u"InputMode", u"ScrollBarsMode", u"MsgBoxControlButtonType",
                   u"MsgBoxControlIconType", u"MsgBoxControlDefaultButtonType",
                   u"MsgBoxControlModalType", u"MsgBoxControlAnswer", u"CheckExistsMode",
-                  u"MultiOptionBorder", u"ShadowedLine_Mode"}));
+                  u"MultiOptionBorder", u"ShadowedLine_Mode", u"OpenOrSaveMode"}));
     const EnumInfo& ime = enumInfo<CorvexIMEMode>();
     ASSERT_EQ(ime.members.size(), 9u);
     EXPECT_EQ(ime.members[3],
@@ -103,7 +104,8 @@ TEST(ClassTable, shouldNameTheEnumerationOfEveryEnumeratedProperty) {
         {u"MessageBox.Value", &enumInfo<MsgBoxControlAnswer>()},
         {u"FileNameBox.Mode", &enumInfo<CheckExistsMode>()},
         {u"BorderStyle", &enumInfo<MultiOptionBorder>()},
-        {u"ShadowedLine.Mode", &enumInfo<ShadowedLine_Mode>()}};
+        {u"ShadowedLine.Mode", &enumInfo<ShadowedLine_Mode>()},
+        {u"FileDialogBox.Mode", &enumInfo<OpenOrSaveMode>()}};
     for (const ClassInfo* c : publicClasses()) {
         for (const auto& m : c->members()) {
             auto it = expected.find(c->name() + u"." + m.name);

@@ -120,6 +120,12 @@ protected:
     void changeAll(Control& c) {
         std::vector<const MemberInfo*> refused;
         for (const MemberInfo* m : settable(cls().savedInWriteOrder())) {
+            // A coupling may have moved it off its default already (FileDialogBox's
+            // NoLongNames once Explorer is off): changing it again could only bring it back.
+            if (!m->saved->ambientFont &&
+                !sameBagValue(getProperty(c, m->name), m->saved->defaultValue)) {
+                continue;
+            }
             if (!tryChange(c, *m)) refused.push_back(m);
         }
         for (const MemberInfo* m : refused) change(c, *m);

@@ -9,6 +9,7 @@
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
 #include "corvex/headless/list_box.h"
+#include "corvex/headless/form_windows.h"
 #include "corvex/headless/page_widgets.h"
 #include "corvex/headless/standard_controls.h"
 #include "corvex/library/class_table.h"
@@ -147,6 +148,17 @@ Interpreter::Interpreter(std::ostream& out, std::ostream& diagnostics)
     // INI files named the Windows way lie where the drive map puts them.
     host_.profiles().setWindowsNameMapper(
         [this](std::u16string_view name) { return files_.nativePathFor(name); });
+    host_.fileDialogs().onShown = [this](const headless::ShownFileDialog& d) {
+        print("filedialog " + std::string(d.kind == FileDialogKind::Save ? "save " : "open ") +
+              std::to_string(static_cast<std::int32_t>(d.flags)) + " " +
+              quoteString(fromUtf8(d.filter)) + " " + std::to_string(d.filterIndex) + " " +
+              quoteString(fromUtf8(d.file)) + " " + std::to_string(d.size) + " " +
+              quoteString(fromUtf8(d.initDir)) + " " + quoteString(fromUtf8(d.title)) + " " +
+              quoteString(fromUtf8(d.defExt)));
+    };
+    host_.formWindows().onShown = [this](headless::HeadlessFormWindow& w) {
+        print("window " + toUtf8(w.name()) + " " + std::to_string(w.serial()));
+    };
 }
 
 Interpreter::~Interpreter() {
@@ -656,8 +668,10 @@ struct Interpreter::Commands {
             index = w.index == NoIndex ? std::int16_t{-1} : w.index;
         }
         in.execute([&] {
-            const headless::Site& s = in.site(name);
-            s.control().checkAvailable();
+            headless::HeadlessFormWindow* f =
+                in.findSite(name) ? nullptr : in.host_.formWindows().find(name.name);
+            const headless::Site& s = f ? f->site() : in.site(name);
+            if (!f) s.control().checkAvailable();
             const Variant v =
                 widget ? peekWidget(s, *widget, index, property) : peekSurface(s, property);
             in.print("= " + typeWord(v.type()) + " " + formatValue(v));
@@ -669,10 +683,54 @@ struct Interpreter::Commands {
         const Operand width = in.operand(t[2]);
         const Operand height = in.operand(t[3]);
         in.execute([&] {
-            headless::Site& s = in.site(name);
             const float w = in.evaluate(width).toSingle();
             const float h = in.evaluate(height).toSingle();
-            s.resizeTo(w, h);
+            // A form of the library's own (frmFILEDLG) when no control has the name.
+            if (!in.findSite(name)) {
+                if (headless::HeadlessFormWindow* f = in.host_.formWindows().find(name.name)) {
+                    return f->resize(w, h);
+                }
+            }
+            in.site(name).resizeTo(w, h);
+        });
+    }
+
+    static void closeForm(Interpreter& in, const Tokens& t, const Command&) {
+        const ControlName name = controlName(t[1]);
+        in.execute([&] {
+            headless::HeadlessFormWindow* f = in.host_.formWindows().find(name.name);
+            if (!f) throw Error(err::ObjectRequired, name.name + u" is no open form");
+            f->close();
+        });
+    }
+
+    // dialog ok "TEXT" [INDEX] | dialog cancel | dialog fail CODE: the next file dialog.
+    static void dialog(Interpreter& in, const Tokens& t, const Command& c) {
+        using Kind = headless::ScriptedDialogAnswer::Kind;
+        std::vector<Operand> args;
+        for (std::size_t i = 2; i < t.size(); ++i) args.push_back(in.operand(t[i]));
+        Kind kind;
+        if (isWord(t[1], "ok") && (args.size() == 1 || args.size() == 2)) {
+            kind = Kind::Ok;
+        } else if (isWord(t[1], "cancel") && args.empty()) {
+            kind = Kind::Cancel;
+        } else if (isWord(t[1], "fail") && args.size() == 1) {
+            kind = Kind::Fail;
+        } else {
+            throw ParseError{"usage: " + std::string(c.usage)};
+        }
+        in.execute([&] {
+            headless::ScriptedDialogAnswer a;
+            a.kind = kind;
+            if (kind == Kind::Ok) {
+                a.text = toUtf8(in.evaluate(args[0]).toString());
+                if (args.size() == 2) {
+                    a.filterIndex = static_cast<std::uint32_t>(in.evaluate(args[1]).toLong());
+                }
+            } else if (kind == Kind::Fail) {
+                a.code = static_cast<std::uint32_t>(in.evaluate(args[0]).toLong());
+            }
+            in.host_.fileDialogs().queue(std::move(a));
         });
     }
 
@@ -756,6 +814,8 @@ struct Interpreter::Commands {
             {"drop",      "drop NAME \"PATH\" ...",                     3, any, &Commands::drop},
             {"peek",      "peek NAME.PROP | NAME.WIDGET[(I)].PROP",     2, 2,    &Commands::peek},
             {"choose",    "choose NAME.WIDGET ITEM [SHIFT]",            3, 4,    &Commands::choose},
+            {"dialog",    "dialog ok \"TEXT\" [INDEX] | dialog cancel | dialog fail CODE", 2, 4, &Commands::dialog},
+            {"close",     "close NAME",                                 2, 2,    &Commands::closeForm},
         };
         // clang-format on
         return commands;

@@ -2,16 +2,21 @@
 
 #include <algorithm>
 
+#include "corvex/headless/form_windows.h"
 #include "corvex/headless/option_widgets.h"
 
 namespace corvex::headless {
 
 // --- host --------------------------------------------------------------------------
 
-Host::Host() {
+Host::Host() : formWindows_(std::make_unique<HeadlessFormWindows>(*this)) {
     font_.name = u"IPAGothic";
     font_.size = 9;
     font_.charset = 128;
+}
+
+Host::~Host() {
+    formWindows_.reset();
 }
 
 std::int32_t Host::messageBox(const MessageBoxRequest& request) {
@@ -71,6 +76,10 @@ void Site::resizeTo(float width, float height) {
 
 Form* Site::parentForm() {
     return &form_;
+}
+
+FormWindowService& Site::formWindows() {
+    return host_.formWindows();
 }
 
 float Site::convert(float value, ScaleMode from, ScaleMode to, bool horizontal) const {
@@ -162,7 +171,16 @@ void Site::raiseEvent(const EventInfo& event, std::span<Variant> args) {
 
 // --- form --------------------------------------------------------------------------
 
-HeadlessForm::HeadlessForm(Host& host) : host_(host) {}
+namespace {
+// Window handles as a window system hands them out: distinct, never 0.
+std::int32_t nextWindowHandle() {
+    static std::int32_t next = 0x10010;
+    next += 0x10;
+    return next;
+}
+}  // namespace
+
+HeadlessForm::HeadlessForm(Host& host) : host_(host), hwnd_(nextWindowHandle()) {}
 
 HeadlessForm::~HeadlessForm() {
     focused_ = nullptr;

@@ -361,6 +361,10 @@ FileSystem& QtControlHost::fileSystem() {
     return d->host.fileSystem();
 }
 
+FileDialogService& QtControlHost::fileDialogs() {
+    return d->host.fileDialogs();
+}
+
 Application& QtControlHost::application() {
     return d->host;
 }

@@ -123,7 +123,10 @@ protected:
 
 }  // namespace
 
-QtHost::QtHost() : files_(std::make_unique<posix::PosixFileSystem>()) {
+QtHost::QtHost()
+    : files_(std::make_unique<posix::PosixFileSystem>()),
+      dialogs_(std::make_unique<QtFileDialogs>(
+          [this]() -> const posix::DriveMap& { return files_->driveMap(); })) {
     // INI files named the Windows way lie where the drive map puts them.
     profiles_.setWindowsNameMapper(
         [this](std::u16string_view name) { return files_->nativePathFor(name); });

@@ -11,6 +11,7 @@
 
 #include "corvex/common/control.h"
 #include "corvex/common/form_model.h"
+#include "corvex/headless/file_dialogs.h"
 #include "corvex/headless/widgets.h"
 #include "corvex/platform/form.h"
 #include "corvex/platform/site.h"
@@ -20,6 +21,7 @@ namespace corvex::headless {
 
 class Site;
 class HeadlessForm;
+class HeadlessFormWindows;
 
 /// Hears what happens in a headless host, in the order it happens.
 class HostObserver {
@@ -45,6 +47,8 @@ class Host : public Ambient,
 public:
     /// A host in run mode, locale 1033, with the default font.
     Host();
+    /// Closes the host's windows first, so that their owners let go of them.
+    ~Host() override;
 
     std::int32_t localeId() const override { return localeId_; }
     /// Sets the ambient LocaleID (1041 Japanese).
@@ -91,6 +95,11 @@ public:
     /// Sets the file system (not owned; null for none).
     void setFileSystem(FileSystem* fs) { fileSystem_ = fs; }
 
+    /// The open and save dialogs, answered from a queue.
+    ScriptedFileDialogs& fileDialogs() { return fileDialogs_; }
+    /// The library's own windows (the notes form).
+    HeadlessFormWindows& formWindows() { return *formWindows_; }
+
     /// Who hears what happens; null for nobody.
     void setObserver(HostObserver* o) { observer_ = o; }
     /// The observer, or null.
@@ -109,6 +118,8 @@ private:
     float screenWidth_ = 28800;
     float screenHeight_ = 16200;
     FileSystem* fileSystem_ = nullptr;
+    ScriptedFileDialogs fileDialogs_;
+    std::unique_ptr<HeadlessFormWindows> formWindows_;
 };
 
 /// An event as the host received it, with its arguments after the handler ran.
@@ -190,6 +201,8 @@ public:
     ProfileService& profiles() override { return host_.profiles(); }
     Screen& screen() override { return host_; }
     FileSystem& fileSystem() override { return host_.fileSystem(); }
+    FileDialogService& fileDialogs() override { return host_.fileDialogs(); }
+    FormWindowService& formWindows() override;
 
     // Surface
     float scaleWidth() const override;
@@ -281,6 +294,7 @@ public:
     void move(float left, float top, float width, float height) override;
     bool topMost() const override { return topMost_; }
     bool setTopMost(bool on) override;
+    std::int32_t hWnd() const override { return hwnd_; }
 
 private:
     friend class HeadlessWidget;
@@ -298,6 +312,7 @@ private:
     float width_ = 9600;
     float height_ = 7200;
     bool topMost_ = false;
+    std::int32_t hwnd_;  // a number of its own for every form
 };
 
 }  // namespace corvex::headless

@@ -1,6 +1,7 @@
 // The form that holds a control, as the service controls see it.
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "corvex/common/variant.h"
@@ -28,6 +29,8 @@ public:
     /// Makes the form topmost (or not) and shows it, keeping its place and size; returns
     /// whether the window system took the change.
     virtual bool setTopMost(bool on) = 0;
+    /// The form's window handle, as dialogs owned by it name it; 0 when it has none.
+    virtual std::int32_t hWnd() const { return 0; }
 };
 
 }  // namespace corvex

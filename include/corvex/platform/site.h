@@ -8,8 +8,10 @@
 #include "corvex/platform/ambient.h"
 #include "corvex/platform/application.h"
 #include "corvex/platform/clipboard.h"
+#include "corvex/platform/file_dialog.h"
 #include "corvex/platform/file_system.h"
 #include "corvex/platform/form.h"
+#include "corvex/platform/form_window.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/platform/profiles.h"
 #include "corvex/platform/screen.h"
@@ -62,6 +64,10 @@ public:
     virtual Screen& screen() = 0;
     /// The file system Windows names are looked up in; by default one where nothing exists.
     virtual FileSystem& fileSystem() { return emptyFileSystem(); }
+    /// The open and save dialogs; by default every dialog is cancelled.
+    virtual FileDialogService& fileDialogs() { return cancellingFileDialogs(); }
+    /// The library's own windows (the notes form); by default none can be made.
+    virtual FormWindowService& formWindows() { return noFormWindows(); }
 };
 
 }  // namespace corvex

@@ -138,6 +138,8 @@ public:
     Screen& screen() override;
     /// The host's file system (Windows names through the drive map).
     FileSystem& fileSystem() override;
+    /// The host's QFileDialog-based open and save dialogs.
+    FileDialogService& fileDialogs() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;

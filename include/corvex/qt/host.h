@@ -19,6 +19,7 @@
 #include "corvex/platform/message_box.h"
 #include "corvex/posix/file_system.h"
 #include "corvex/posix/profile_files.h"
+#include "corvex/qt/file_dialog.h"
 
 namespace corvex::qt {
 
@@ -106,6 +107,8 @@ public:
 
     /// The INI files and settings store of the controls (folders from the environment).
     posix::ProfileFiles& profiles() { return profiles_; }
+    /// The open and save dialogs (QFileDialog), naming files through the drive map.
+    QtFileDialogs& fileDialogs() { return *dialogs_; }
 
 private:
     std::optional<std::int32_t> localeId_;
@@ -114,6 +117,7 @@ private:
     ErrorHandler errorHandler_;
     posix::ProfileFiles profiles_;
     std::unique_ptr<posix::PosixFileSystem> files_;
+    std::unique_ptr<QtFileDialogs> dialogs_;
 };
 
 }  // namespace corvex::qt
