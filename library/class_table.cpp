@@ -5,6 +5,7 @@
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
 #include "corvex/files/file_name_box.h"
+#include "corvex/files/filedlg_pages.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
 #include "corvex/options/single_option.h"
@@ -31,6 +32,10 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &MultiOption::staticClassInfo(),
         &SingleOption::staticClassInfo(),
         &ShadowedLine::staticClassInfo(),
+        &FileDialogPage1::staticClassInfo(),
+        &FileDialogPage2::staticClassInfo(),
+        &FileDialogPage3::staticClassInfo(),
+        &FileDialogPage4::staticClassInfo(),
     };
     // clang-format on
     return classes;

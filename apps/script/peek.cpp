@@ -3,6 +3,8 @@
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
 #include "corvex/headless/option_widgets.h"
+#include "corvex/platform/page_widgets.h"
+#include "corvex/services/property_page.h"
 
 namespace corvex::script {
 
@@ -68,6 +70,11 @@ bool ofKind(const Widget& w, std::u16string_view p, Variant& out) {
             out = t->text();
         else
             return false;
+    } else if (auto* label = dynamic_cast<const TextLabel*>(&w)) {
+        if (is(p, u"Caption"))
+            out = label->caption();
+        else
+            return false;
     } else if (auto* l = dynamic_cast<const LineShape*>(&w)) {
         if (is(p, u"X1"))
             out = l->x1();
@@ -95,6 +102,11 @@ Variant peekSurface(const headless::Site& site, std::u16string_view property) {
     if (is(property, u"Width")) return site.width();
     if (is(property, u"Height")) return site.height();
     if (is(property, u"Visible")) return Boolean(site.visible());
+    // A property page's changed mark, which the designer's Apply button follows.
+    if (auto* page = dynamic_cast<const PropertyPage*>(&site.control());
+        page && is(property, u"Changed")) {
+        return Boolean(page->changed());
+    }
     throw noProperty(site.displayName(), property);
 }
 
