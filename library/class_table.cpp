@@ -6,6 +6,7 @@
 #include "corvex/entry/num_input_box.h"
 #include "corvex/files/file_dialog_box.h"
 #include "corvex/files/file_name_box.h"
+#include "corvex/files/filedlg_pages.h"
 #include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
@@ -35,6 +36,10 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &ShadowedLine::staticClassInfo(),
         &MoveList::staticClassInfo(),
         &FileDialogBox::staticClassInfo(),
+        &FileDialogPage1::staticClassInfo(),
+        &FileDialogPage2::staticClassInfo(),
+        &FileDialogPage3::staticClassInfo(),
+        &FileDialogPage4::staticClassInfo(),
     };
     // clang-format on
     return classes;

@@ -5,6 +5,8 @@
 #include "corvex/headless/option_widgets.h"
 #include "corvex/platform/command_button.h"
 #include "corvex/platform/list_box.h"
+#include "corvex/platform/page_widgets.h"
+#include "corvex/services/property_page.h"
 
 namespace corvex::script {
 
@@ -70,6 +72,11 @@ bool ofKind(const Widget& w, std::u16string_view p, Variant& out) {
             out = t->text();
         else
             return false;
+    } else if (auto* label = dynamic_cast<const TextLabel*>(&w)) {
+        if (is(p, u"Caption"))
+            out = label->caption();
+        else
+            return false;
     } else if (auto* l = dynamic_cast<const LineShape*>(&w)) {
         if (is(p, u"X1"))
             out = l->x1();
@@ -113,6 +120,11 @@ Variant peekSurface(const headless::Site& site, std::u16string_view property) {
     if (is(property, u"Width")) return site.width();
     if (is(property, u"Height")) return site.height();
     if (is(property, u"Visible")) return Boolean(site.visible());
+    // A property page's changed mark, which the designer's Apply button follows.
+    if (auto* page = dynamic_cast<const PropertyPage*>(&site.control());
+        page && is(property, u"Changed")) {
+        return Boolean(page->changed());
+    }
     throw noProperty(site.displayName(), property);
 }
 

@@ -6,6 +6,13 @@ struct PropertyPage::Private {
     std::vector<ObjectRef> selected;
     bool changed = false;
     bool loading = false;
+    std::function<void(bool)> listener;
+    // Sets the mark and tells the listener when it flips.
+    void mark(bool v) {
+        if (changed == v) return;
+        changed = v;
+        if (listener) listener(v);
+    }
 };
 
 PropertyPage::PropertyPage(ControlSite& site) : Control(site), d(std::make_unique<Private>()) {}
@@ -28,7 +35,7 @@ void PropertyPage::setSelectedControls(std::vector<ObjectRef> controls) {
         throw;
     }
     d->loading = false;
-    d->changed = false;
+    d->mark(false);
 }
 
 bool PropertyPage::changed() const {
@@ -36,13 +43,21 @@ bool PropertyPage::changed() const {
 }
 
 void PropertyPage::setChanged(bool v) {
-    d->changed = v;
+    d->mark(v);
 }
 
 void PropertyPage::apply() {
     checkAvailable();
     applyChanges();
-    d->changed = false;
+    d->mark(false);
+}
+
+std::u16string PropertyPage::caption() const {
+    return classInfo().name();
+}
+
+void PropertyPage::setChangedListener(std::function<void(bool)> listener) {
+    d->listener = std::move(listener);
 }
 
 Object* PropertyPage::firstSelected() const {
@@ -54,7 +69,7 @@ bool PropertyPage::loading() const {
 }
 
 void PropertyPage::edited() {
-    if (!d->loading) d->changed = true;
+    if (!d->loading) d->mark(true);
 }
 
 }  // namespace corvex

@@ -2,7 +2,9 @@
 // page's changed flag, and its inner widgets made through the host.
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "corvex/common/control.h"
@@ -33,6 +35,12 @@ public:
     void setChanged(bool v);
     /// Writes the page into the first selected control, then marks the page unchanged.
     void apply();
+    /// The page's caption, as the designer's tabbed dialog shows it (the class name unless
+    /// the page has one of its own).
+    virtual std::u16string caption() const;
+    /// Calls listener with the new mark whenever the changed mark flips (a designer enables
+    /// its Apply button with it); an empty function stops the calls.
+    void setChangedListener(std::function<void(bool)> listener);
 
 protected:
     /// Reads the first selected control into the widgets.
