@@ -155,8 +155,14 @@ HeadlessTextBox::HeadlessTextBox(Site& site, const TextBoxSpec& spec)
       nativeClipboard_(spec.nativeClipboard) {}
 
 void HeadlessTextBox::keyPressedDown(std::int16_t keyCode, std::int16_t shift) {
-    if (!nativeClipboard_ || (shift & key::CtrlMask) == 0) return;
+    if (!nativeClipboard_) return;
     Clipboard& clipboard = site().host();
+    // Shift+Insert pastes as Ctrl+V does, without typing a character a KeyPress could drop.
+    if (keyCode == key::Insert && shift == key::ShiftMask) {
+        changed(model_.paste(clipboard.text()));
+        return;
+    }
+    if ((shift & key::CtrlMask) == 0) return;
     if (keyCode == 'C' || keyCode == 'X') {
         if (model_.selLength() > 0) clipboard.setText(model_.selText());
         if (keyCode == 'X') changed(model_.deleteSelection());

@@ -1,9 +1,13 @@
 #include "qt_harness.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QClipboard>
 #include <QInputMethodEvent>
 #include <QPointer>
+#include <QRadioButton>
+#include <QStyle>
+#include <QStyleOptionButton>
 #include <QTest>
 #include <cmath>
 #include <stdexcept>
@@ -236,6 +240,24 @@ Widget& QtHarness::widget(const std::u16string& control, const std::u16string& n
     return innerWidget(control, name, index);
 }
 
+// Where a user clicks a widget: its middle, unless that misses what takes the click (a
+// check or option box takes it on its box and caption only, and a wide box with a short
+// caption has nothing in its middle).
+static QPoint clickPoint(const QWidget& target) {
+    const QPoint middle = target.rect().center();
+    const bool check = qobject_cast<const QCheckBox*>(&target) != nullptr;
+    if (!check && !qobject_cast<const QRadioButton*>(&target)) return middle;
+    QStyleOptionButton option;
+    option.initFrom(&target);
+    const auto& button = static_cast<const QAbstractButton&>(target);
+    option.text = button.text();
+    option.icon = button.icon();
+    option.iconSize = button.iconSize();
+    const QRect hit = target.style()->subElementRect(
+        check ? QStyle::SE_CheckBoxClickRect : QStyle::SE_RadioButtonClickRect, &option, &target);
+    return hit.isEmpty() || hit.contains(middle) ? middle : hit.center();
+}
+
 void QtHarness::click(const std::u16string& control, const std::u16string& name,
                       std::int16_t index) {
     QWidget* target = innerWidget(control, name, index).mouseWidget();
@@ -246,7 +268,7 @@ void QtHarness::click(const std::u16string& control, const std::u16string& name,
         QApplication::setActiveWindow(window_.get());
         [[maybe_unused]] const bool active = QTest::qWaitForWindowActive(window_.get());
     }
-    QTest::mouseClick(target, Qt::LeftButton, Qt::NoModifier, target->rect().center());
+    QTest::mouseClick(target, Qt::LeftButton, Qt::NoModifier, clickPoint(*target));
 }
 
 qt::QtWidget& QtHarness::keyTarget(const std::u16string& control) const {

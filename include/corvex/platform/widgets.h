@@ -27,6 +27,7 @@ inline constexpr std::int16_t Return = 13;      ///< Enter
 inline constexpr std::int16_t ShiftKey = 16;    ///< a Shift key
 inline constexpr std::int16_t ControlKey = 17;  ///< a Ctrl key
 inline constexpr std::int16_t Space = 32;       ///< space bar
+inline constexpr std::int16_t Insert = 45;      ///< Insert
 inline constexpr std::int16_t Delete = 46;      ///< Delete
 inline constexpr std::int16_t ShiftMask = 1;    ///< Shift held
 inline constexpr std::int16_t CtrlMask = 2;     ///< Ctrl held
