@@ -8,6 +8,7 @@
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
 #include "corvex/options/single_option.h"
+#include "corvex/lists/drop_down_combo.h"
 #include "corvex/services/form_handle.h"
 #include "corvex/services/message_box.h"
 #include "corvex/services/msgbox_page.h"
@@ -31,6 +32,8 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &MultiOption::staticClassInfo(),
         &SingleOption::staticClassInfo(),
         &ShadowedLine::staticClassInfo(),
+        &DropDownCombo::staticClassInfo(),
+        &DropDownList::staticClassInfo(),
     };
     // clang-format on
     return classes;

@@ -219,6 +219,7 @@ public:
     std::unique_ptr<ControlArray<OptionButton>> createOptionButtonArray(
         const OptionButtonSpec& spec) override;
     std::unique_ptr<LineShape> createLine(const LineSpec& spec) override;
+    std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& spec) override;
 
     // Sinks
     void propertyChanged(std::u16string_view name) override;

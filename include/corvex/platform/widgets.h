@@ -232,6 +232,8 @@ struct TextBoxSpec : WidgetSpec {
 
 class TextLabel;
 class ItemList;
+class ComboBox;
+struct ComboBoxSpec;
 
 /// Creates the inner widgets of one control on its surface.
 class WidgetFactory {
@@ -254,6 +256,8 @@ public:
         const OptionButtonSpec& spec) = 0;
     /// A line shape.
     virtual std::unique_ptr<LineShape> createLine(const LineSpec& spec) = 0;
+    /// A combo box of the list controls (see corvex/platform/list_widgets.h).
+    virtual std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& spec) = 0;
 };
 
 }  // namespace corvex

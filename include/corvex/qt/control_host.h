@@ -156,6 +156,8 @@ public:
         const OptionButtonSpec& design) override;
     /// A QtLine on this surface.
     std::unique_ptr<LineShape> createLine(const LineSpec& design) override;
+    /// A QtComboBox on this surface.
+    std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& design) override;
 
     /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
     void raiseEvent(const EventInfo& event, std::span<Variant> args) override;
