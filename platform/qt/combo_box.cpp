@@ -52,8 +52,8 @@ void QtComboBox::show() {
 
 void QtComboBox::report(const lists::ComboOutcome& outcome, bool fromQt) {
     show();
-    for (const auto [happened, type] : {std::pair{outcome.change, WidgetEventType::Change},
-                                        std::pair{outcome.click, WidgetEventType::Click}}) {
+    for (const auto& [happened, type] : {std::pair{outcome.change, WidgetEventType::Change},
+                                         std::pair{outcome.click, WidgetEventType::Click}}) {
         if (!happened) continue;
         WidgetEvent e;
         e.type = type;
