@@ -72,6 +72,7 @@ TEST(ComboModel, shouldRaiseClickOnlyWhenTheSelectionChanges) {
     EXPECT_TRUE(m.select(0).click);
     EXPECT_FALSE(m.select(0).click);
     EXPECT_EQ(m.edit().text(), u"a");
+    EXPECT_EQ(m.edit().selLength(), 1) << "the chosen text stands selected";
     EXPECT_EQ(errorOf([&] { m.select(1); }), err::InvalidPropertyValue);
 }
 

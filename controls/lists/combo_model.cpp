@@ -99,6 +99,8 @@ ComboOutcome ComboModel::select(std::int32_t i) {
     // Choosing an item fills the edit part but raises Click alone, as the host's combo
     // box does: Change stays for what the user types.
     edit_.setText(i == -1 ? u"" : item(i));
+    // The chosen item's text stands selected, so that typing replaces it.
+    edit_.select(0, static_cast<std::int32_t>(edit_.text().size()));
     ComboOutcome out;
     out.click = true;
     return out;
