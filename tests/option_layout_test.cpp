@@ -7,6 +7,7 @@
 #include "corvex/library/memory_bag.h"
 #include "corvex/options/captions.h"
 #include "corvex/options/multi_option.h"
+#include "corvex/platform/list_widgets.h"
 #include "corvex/platform/page_widgets.h"
 #include "support/headless_fixture.h"
 
@@ -266,6 +267,9 @@ public:
         return std::make_unique<RecordingArray>(in_.createOptionButtonArray(s), log);
     }
     std::unique_ptr<LineShape> createLine(const LineSpec& s) override { return in_.createLine(s); }
+    std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& s) override {
+        return in_.createComboBox(s);
+    }
     std::vector<std::string> log;
 
 private:

@@ -3,7 +3,6 @@
 #include <string>
 
 #include "corvex/common/error.h"
-#include "corvex/lists/delimited_list.h"
 
 namespace corvex {
 
@@ -34,14 +33,11 @@ std::u16string numbered(const char16_t* name, std::int32_t i) {
 
 struct DropDownControl::Private {
     std::unique_ptr<ComboBox> cmb;
-    std::int16_t defaultValue = -1;
-    std::u16string itemDataNums;
-    std::u16string listTexts;
-    Variant storedValue;
+    std::unique_ptr<ComboTarget> target;
 };
 
 DropDownControl::DropDownControl(ControlSite& site, ComboStyle style)
-    : CommonControl(site), d(std::make_unique<Private>()) {
+    : ListControl(site), d(std::make_unique<Private>()) {
     ComboBoxSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
@@ -49,6 +45,7 @@ DropDownControl::DropDownControl(ControlSite& site, ComboStyle style)
     spec.height = kComboHeight;
     spec.style = style;
     d->cmb = site.widgets().createComboBox(spec);
+    d->target = std::make_unique<ComboTarget>(*d->cmb);
     cmb().setBackColor(color::WindowBackground);
     cmb().setForeColor(color::WindowText);
     cmb().setFont(ambientFont());
@@ -66,27 +63,27 @@ Widget& DropDownControl::commonWidget() const {
 }
 
 void DropDownControl::releaseWidgets() {
+    d->target.reset();
     d->cmb.reset();
 }
 
-const MessageTable& DropDownControl::messageTable() const {
-    static const MessageTable table(
-        {
-            {lists::msg::IrregularString, u"不正な文字列です", u"Irregal string."},
-            {lists::msg::BelowMinusOne, u"-1以上の値を入力して下さい", u"Enter not less than -1 ."},
-            {lists::msg::BeyondLastItem, u"現在のリスト番号の最大値を越えています",
-             u"Out of now maximum list number."},
-        },
-        undefinedWithStop());
-    return table;
+lists::ListTarget& DropDownControl::listTarget() {
+    cmb();
+    return *d->target;
+}
+
+std::int32_t DropDownControl::innerListIndex() const {
+    return cmb().listIndex();
+}
+
+void DropDownControl::setInnerListIndex(std::int32_t i) {
+    cmb().setListIndex(i);
 }
 
 // --- lifecycle ---------------------------------------------------------------------
 
 void DropDownControl::initProperties() {
-    d->defaultValue = -1;
-    d->itemDataNums.clear();
-    d->listTexts.clear();
+    initListFields();
     loadKeyName(u"");
     loadSectionName(u"");
 }
@@ -106,22 +103,13 @@ void DropDownControl::readProperties(PropertyBag& bag) {
                           readSaved<std::int16_t>(bag, numbered(u"ItemData", i), std::int16_t{0}));
         cmb().setList(i, readSaved<std::u16string>(bag, numbered(u"List", i), u""));
     }
-    d->defaultValue = readSaved<std::int16_t>(bag, u"DefaultValue", std::int16_t{-1});
-    d->itemDataNums = readSaved<std::u16string>(bag, u"ItemDataNums", u"");
+    const auto defaultValue = readSaved<std::int16_t>(bag, u"DefaultValue", std::int16_t{-1});
+    auto itemDataNums = readSaved<std::u16string>(bag, u"ItemDataNums", u"");
     loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
-    d->listTexts = readSaved<std::u16string>(bag, u"ListTexts", u"");
+    auto listTexts = readSaved<std::u16string>(bag, u"ListTexts", u"");
     loadSectionName(readSaved<std::u16string>(bag, u"SectionName", u""));
-
-    ComboTarget target(cmb());
-    lists::rebuild(target, d->listTexts);
-    cmb().refresh();
-    if (lists::applyItemData(target, d->itemDataNums) != 0) {
-        showRefusal({lists::msg::IrregularString});
-    }
-    cmb().refresh();
-    // The selection always comes from DefaultValue, unchecked: the saved ListIndex and
-    // Value are never read.
-    cmb().setListIndex(d->defaultValue);
+    loadListFields(defaultValue, std::move(itemDataNums), std::move(listTexts));
+    finishLoading();
 }
 
 void DropDownControl::writeProperties(PropertyBag& bag) {
@@ -137,10 +125,10 @@ void DropDownControl::writeProperties(PropertyBag& bag) {
         bag.write(numbered(u"ItemData", i), cmb().itemData(i), std::int32_t{0});
         bag.write(numbered(u"List", i), cmb().list(i), u"");
     }
-    bag.write(u"DefaultValue", d->defaultValue, std::int16_t{-1});
-    bag.write(u"ItemdataNums", d->itemDataNums, u"");
+    bag.write(u"DefaultValue", defaultValue(), std::int16_t{-1});
+    bag.write(u"ItemdataNums", itemDataNums(), u"");
     bag.write(u"KeyName", keyName(), u"");
-    bag.write(u"ListTexts", d->listTexts, u"");
+    bag.write(u"ListTexts", listTexts(), u"");
     bag.write(u"SectionName", sectionName(), u"");
 }
 
@@ -162,43 +150,11 @@ void DropDownControl::clear() {
     cmb().clear();
 }
 
-void DropDownControl::cls() {
-    cmb().setListIndex(-1);
-}
-
 void DropDownControl::removeItem(std::int16_t index) {
     cmb().removeItem(index);
 }
 
-void DropDownControl::restore() {
-    if (hostEquals(d->storedValue, u"")) return;  // nothing was ever stored
-    cmb().setListIndex(d->storedValue.toInteger());
-}
-
-void DropDownControl::restoreDefault() {
-    cmb().setListIndex(d->defaultValue);
-}
-
-void DropDownControl::store() {
-    d->storedValue = Variant(listIndex()).toString();
-}
-
 // --- properties --------------------------------------------------------------------
-
-std::int16_t DropDownControl::defaultValue() const {
-    return d->defaultValue;
-}
-
-void DropDownControl::setDefaultValue(std::int16_t v) {
-    requireDesignTime();
-    if (const int refusal = lists::checkDefaultValue(v, cmb().listCount())) {
-        showRefusal({refusal});
-        return;
-    }
-    d->defaultValue = v;
-    propertyChanged(u"DefaultValue");
-    setValue(v);
-}
 
 CorvexIMEMode DropDownControl::imeMode() const {
     return static_cast<CorvexIMEMode>(cmb().imeMode());
@@ -218,59 +174,18 @@ void DropDownControl::setItemData(std::int16_t index, std::int32_t v) {
     propertyChanged(u"ItemData");
 }
 
-std::u16string DropDownControl::itemDataNums() const {
-    return d->itemDataNums;
-}
-
-void DropDownControl::setItemDataNums(std::u16string v) {
-    if (!lists::itemDataCharactersAllowed(v)) {
-        showRefusal({lists::msg::IrregularString});
-        return;
-    }
-    d->itemDataNums = std::move(v);
-    propertyChanged(u"ItemDataNums");
-    ComboTarget target(cmb());
-    if (lists::applyItemData(target, d->itemDataNums) != 0) {
-        showRefusal({lists::msg::IrregularString});
-        return;
-    }
-    cmb().refresh();
-}
-
 std::u16string DropDownControl::list(std::int16_t index) const {
     return cmb().list(index);
 }
 
 void DropDownControl::setList(std::int16_t index, std::u16string v) {
-    ComboTarget target(cmb());
-    lists::setListEntry(target, index, v, d->listTexts);
-    cmb().refresh();
+    lists::setListEntry(listTarget(), index, v, listTexts());
+    refresh();
     propertyChanged(u"List");
 }
 
 std::int16_t DropDownControl::listCount() const {
     return static_cast<std::int16_t>(cmb().listCount());
-}
-
-std::int16_t DropDownControl::listIndex() const {
-    return static_cast<std::int16_t>(cmb().listIndex());
-}
-
-void DropDownControl::setListIndex(std::int16_t v) {
-    cmb().setListIndex(v);
-    propertyChanged(u"ListIndex");
-}
-
-std::u16string DropDownControl::listTexts() const {
-    return d->listTexts;
-}
-
-void DropDownControl::setListTexts(std::u16string v) {
-    d->listTexts = std::move(v);
-    propertyChanged(u"ListTexts");
-    ComboTarget target(cmb());
-    lists::rebuild(target, d->listTexts);
-    cmb().refresh();
 }
 
 bool DropDownControl::locked() const {
@@ -324,15 +239,6 @@ std::u16string DropDownControl::text() const {
 void DropDownControl::setText(std::u16string v) {
     cmb().setText(v);
     propertyChanged(u"Text");
-}
-
-std::int16_t DropDownControl::value() const {
-    return listIndex();
-}
-
-void DropDownControl::setValue(std::int16_t v) {
-    cmb().setListIndex(v);
-    propertyChanged(u"Value");
 }
 
 void DropDownControl::widgetEvent(Widget&, WidgetEvent& event) {

@@ -5,14 +5,14 @@
 #include <memory>
 #include <optional>
 
-#include "corvex/common/common_members.h"
+#include "corvex/lists/list_control.h"
 #include "corvex/platform/list_widgets.h"
 
 namespace corvex {
 
 /// What DropDownCombo and DropDownList share: every member, event, saved property and
 /// message. Only the inner combo box's style (cmbComboBoxEx) differs, given when made.
-class DropDownControl : public CommonControl {
+class DropDownControl : public ListControl {
 public:
     ~DropDownControl() override;
 
@@ -25,21 +25,9 @@ public:
     void addItem(std::u16string item, std::optional<std::int16_t> index);
     /// Empties the list; ListTexts and ItemDataNums are not changed.
     void clear();
-    /// Clears the selection; the items stay.
-    void cls();
     /// Removes the item at index.
     void removeItem(std::int16_t index);
-    /// Selects the stored index again (nothing before any Store).
-    void restore();
-    /// Selects the default index.
-    void restoreDefault();
-    /// Stores the selected index as decimal text.
-    void store();
 
-    /// The default index (-1: no selection).
-    std::int16_t defaultValue() const;
-    /// Sets the default index (design time only), then Value; out of range is refused.
-    void setDefaultValue(std::int16_t v);
     /// The input-method mode of the inner box.
     CorvexIMEMode imeMode() const;
     /// Sets the input-method mode.
@@ -48,24 +36,12 @@ public:
     std::int32_t itemData(std::int16_t index) const;
     /// Sets the item datum of item index; ItemDataNums is not changed.
     void setItemData(std::int16_t index, std::int32_t v);
-    /// The item data text.
-    std::u16string itemDataNums() const;
-    /// Sets the item data text (digits and "|" only) and applies it.
-    void setItemDataNums(std::u16string v);
     /// The text of item index.
     std::u16string list(std::int16_t index) const;
     /// Sets the text of item index, then rebuilds the list from ListTexts (discarding it).
     void setList(std::int16_t index, std::u16string v);
     /// The number of items.
     std::int16_t listCount() const;
-    /// The selected index (-1: none).
-    std::int16_t listIndex() const;
-    /// Selects an item.
-    void setListIndex(std::int16_t v);
-    /// The list text.
-    std::u16string listTexts() const;
-    /// Sets the list text and rebuilds the list from it.
-    void setListTexts(std::u16string v);
     /// Whether the user cannot change the box.
     bool locked() const;
     /// Locks or unlocks the box.
@@ -90,10 +66,6 @@ public:
     std::u16string text() const;
     /// Sets the edit part's text.
     void setText(std::u16string v);
-    /// The selected index, as ListIndex.
-    std::int16_t value() const;
-    /// Selects an item, as ListIndex.
-    void setValue(std::int16_t v);
 
 protected:
     /// A control on a site whose inner combo box has the given style.
@@ -104,7 +76,9 @@ protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
     void releaseWidgets() override;
     Widget& commonWidget() const override;
-    const MessageTable& messageTable() const override;
+    lists::ListTarget& listTarget() override;
+    std::int32_t innerListIndex() const override;
+    void setInnerListIndex(std::int32_t i) override;
 
 private:
     ComboBox& cmb() const;

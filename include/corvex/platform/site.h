@@ -14,6 +14,7 @@
 #include "corvex/platform/profiles.h"
 #include "corvex/platform/screen.h"
 #include "corvex/platform/surface.h"
+#include "corvex/platform/text_measure.h"
 #include "corvex/platform/widgets.h"
 
 namespace corvex {
@@ -62,6 +63,8 @@ public:
     virtual Screen& screen() = 0;
     /// The file system Windows names are looked up in; by default one where nothing exists.
     virtual FileSystem& fileSystem() { return emptyFileSystem(); }
+    /// Text widths in pixels; by default a fixed advance per UTF-16 unit.
+    virtual TextMeasurer& textMeasurer() { return fixedAdvanceMeasurer(); }
 };
 
 }  // namespace corvex
