@@ -566,7 +566,8 @@ struct Interpreter::Commands {
             headless::Site& s = in.site(target.control);
             headless::HeadlessWidget& w = innerWidget(s, target);
             const std::int32_t index = in.evaluate(entry).toLong();
-            if (auto* list = dynamic_cast<headless::HeadlessItemList*>(&w)) return list->pick(index);
+            if (auto* list = dynamic_cast<headless::HeadlessItemList*>(&w))
+                return list->pick(index);
             if (auto* combo = dynamic_cast<headless::HeadlessComboBox*>(&w)) {
                 return combo->pick(index);
             }
