@@ -7,6 +7,7 @@
 #include "corvex/files/file_dialog_box.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/files/filedlg_pages.h"
+#include "corvex/lists/drop_down_combo.h"
 #include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
@@ -40,6 +41,8 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &FileDialogPage2::staticClassInfo(),
         &FileDialogPage3::staticClassInfo(),
         &FileDialogPage4::staticClassInfo(),
+        &DropDownCombo::staticClassInfo(),
+        &DropDownList::staticClassInfo(),
     };
     // clang-format on
     return classes;

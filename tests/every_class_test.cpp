@@ -69,7 +69,8 @@ std::vector<Variant> candidates(const MemberInfo& m, const Variant& current) {
         case VarType::Double:
             return {Variant(2.5), Variant(-1.5)};
         case VarType::String:
-            return {Variant(current.toString() + u"x1")};
+            // Digits for a text that takes only digits (a list's item data).
+            return {Variant(current.toString() + u"x1"), Variant(current.toString() + u"1")};
         case VarType::Object: {
             FontDesc f = fontFromVariant(current);
             f.size += 3;
@@ -85,8 +86,19 @@ std::vector<Variant> candidates(const MemberInfo& m, const Variant& current) {
 
 // Saved properties that no caller can set (MessageBox's answers) keep their defaults here;
 // their own tests save and load them.
+// So do the list controls' DefaultValue, which takes only the index of an item the list
+// holds, and ListTexts, which saves an entry per item beside its own.
+bool dependsOnTheItems(const MemberInfo* m) {
+    for (const char16_t* name : {u"DropDownCombo", u"DropDownList"}) {
+        const ClassInfo* c = findClass(name);
+        if (c && (c->member(u"DefaultValue") == m || c->member(u"ListTexts") == m)) return true;
+    }
+    return false;
+}
+
 std::vector<const MemberInfo*> settable(std::vector<const MemberInfo*> saved) {
-    std::erase_if(saved, [](const MemberInfo* m) { return !m->writable(); });
+    std::erase_if(saved,
+                  [](const MemberInfo* m) { return !m->writable() || dependsOnTheItems(m); });
     return saved;
 }
 

@@ -9,6 +9,7 @@
 #include "corvex/options/multi_option.h"
 #include "corvex/platform/command_button.h"
 #include "corvex/platform/list_box.h"
+#include "corvex/platform/list_widgets.h"
 #include "corvex/platform/page_widgets.h"
 #include "support/headless_fixture.h"
 
@@ -277,6 +278,9 @@ public:
     std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
         const WidgetSpec& s) override {
         return in_.createCommandButtonArray(s);
+    }
+    std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& s) override {
+        return in_.createComboBox(s);
     }
     std::vector<std::string> log;
 

@@ -28,6 +28,7 @@
 #include "corvex/files/file_name_box.h"
 #include "corvex/library/form_file.h"
 #include "corvex/library/ini_file.h"
+#include "corvex/lists/drop_down_combo.h"
 #include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
@@ -137,6 +138,24 @@ const std::vector<GalleryEntry>& galleryEntries() {
          {},
          false,
          u"Columns shown (MoveList)"},
+        {&DropDownCombo::staticClassInfo,
+         u"fruit",
+         u"Lists",
+         {{u"ListTexts", Variant(std::u16string(u"Apple|Banana|Cherry"))},
+          {u"ItemDataNums", Variant(std::u16string(u"10|20|30"))},
+          gallerySection,
+          {u"KeyName", u"fruit"}},
+         false,
+         u"Fruit (DropDownCombo)"},
+        {&DropDownList::staticClassInfo,
+         u"packing",
+         u"Lists",
+         {{u"DefaultValue", Variant(std::int16_t{1})},
+          {u"ListTexts", Variant(std::u16string(u"Box|Crate|Pallet"))},
+          gallerySection,
+          {u"KeyName", u"packing"}},
+         false,
+         u"Packing (DropDownList)"},
     };
     return entries;
 }

@@ -8,8 +8,9 @@
 
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
-#include "corvex/headless/list_box.h"
 #include "corvex/headless/form_windows.h"
+#include "corvex/headless/list_box.h"
+#include "corvex/headless/list_widgets.h"
 #include "corvex/headless/page_widgets.h"
 #include "corvex/headless/standard_controls.h"
 #include "corvex/library/class_table.h"
@@ -576,9 +577,14 @@ struct Interpreter::Commands {
         const Operand entry = in.operand(t[2]);
         in.execute([&] {
             headless::Site& s = in.site(target.control);
-            auto* list = dynamic_cast<headless::HeadlessItemList*>(&innerWidget(s, target));
-            if (!list) throw Error(err::MemberNotFound, *target.widget + u" is not a list");
-            list->pick(in.evaluate(entry).toLong());
+            headless::HeadlessWidget& w = innerWidget(s, target);
+            const std::int32_t index = in.evaluate(entry).toLong();
+            if (auto* list = dynamic_cast<headless::HeadlessItemList*>(&w))
+                return list->pick(index);
+            if (auto* combo = dynamic_cast<headless::HeadlessComboBox*>(&w)) {
+                return combo->pick(index);
+            }
+            throw Error(err::MemberNotFound, *target.widget + u" is not a list");
         });
     }
 

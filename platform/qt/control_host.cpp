@@ -10,6 +10,7 @@
 #include "corvex/common/form_model.h"
 #include "corvex/common/text.h"
 #include "corvex/library/literals.h"
+#include "corvex/qt/combo_box.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
 #include "corvex/qt/option_widgets.h"
@@ -400,6 +401,10 @@ std::unique_ptr<ControlArray<OptionButton>> QtControlHost::createOptionButtonArr
 
 std::unique_ptr<LineShape> QtControlHost::createLine(const LineSpec& design) {
     return std::make_unique<QtLine>(*this, design);
+}
+
+std::unique_ptr<ComboBox> QtControlHost::createComboBox(const ComboBoxSpec& design) {
+    return std::make_unique<QtComboBox>(*this, design);
 }
 
 void QtControlHost::raiseEvent(const EventInfo& event, std::span<Variant> args) {

@@ -139,6 +139,14 @@ TEST_F(GalleryQt, shouldShowThePathOfItsIniFile) {
     EXPECT_EQ(label->text(), QStringLiteral("INI file: ") + inFolder);
 }
 
+TEST_F(GalleryQt, shouldShowThePairOfListControlsWithTheirDesignLists) {
+    EXPECT_EQ(getProperty(*control("fruit")->object(), u"ListCount").toInteger(), 3);
+    Variant index(std::int16_t{2});
+    EXPECT_EQ(invoke(*control("fruit")->object(), u"ItemData", CallKind::Get, {&index, 1}).toLong(),
+              30);
+    EXPECT_EQ(value("packing"), u"1") << "the default index is selected on load";
+}
+
 TEST_F(GalleryQt, shouldReportAMissingValuesFile) {
     EXPECT_FALSE(window.loadValues());
     EXPECT_TRUE(window.eventLog().last().startsWith(QStringLiteral("Load values failed")));

@@ -236,6 +236,7 @@ public:
     std::unique_ptr<CommandButton> createCommandButton(const WidgetSpec& spec) override;
     std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
         const WidgetSpec& spec) override;
+    std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& spec) override;
 
     // Sinks
     void propertyChanged(std::u16string_view name) override;

@@ -16,6 +16,7 @@
 #include "corvex/platform/profiles.h"
 #include "corvex/platform/screen.h"
 #include "corvex/platform/surface.h"
+#include "corvex/platform/text_measure.h"
 #include "corvex/platform/widgets.h"
 
 namespace corvex {
@@ -68,6 +69,8 @@ public:
     virtual FileDialogService& fileDialogs() { return cancellingFileDialogs(); }
     /// The library's own windows (the notes form); by default none can be made.
     virtual FormWindowService& formWindows() { return noFormWindows(); }
+    /// Text widths in pixels; by default a fixed advance per UTF-16 unit.
+    virtual TextMeasurer& textMeasurer() { return fixedAdvanceMeasurer(); }
 };
 
 }  // namespace corvex

@@ -236,6 +236,8 @@ class ItemList;
 class ListBox;
 struct ListBoxSpec;
 class CommandButton;
+class ComboBox;
+struct ComboBoxSpec;
 
 /// Creates the inner widgets of one control on its surface.
 class WidgetFactory {
@@ -265,6 +267,8 @@ public:
     /// An array of command buttons whose element 0 is made from spec (its index is 0).
     virtual std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
         const WidgetSpec& spec) = 0;
+    /// A combo box of the list controls (see corvex/platform/list_widgets.h).
+    virtual std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& spec) = 0;
 };
 
 }  // namespace corvex

@@ -165,6 +165,8 @@ public:
     /// An array of QtCommandButtons.
     std::unique_ptr<ControlArray<CommandButton>> createCommandButtonArray(
         const WidgetSpec& design) override;
+    /// A QtComboBox on this surface.
+    std::unique_ptr<ComboBox> createComboBox(const ComboBoxSpec& design) override;
 
     /// Emits eventRaised; the handlers' changes to by-reference arguments stay in args.
     void raiseEvent(const EventInfo& event, std::span<Variant> args) override;
