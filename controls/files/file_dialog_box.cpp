@@ -312,7 +312,7 @@ std::u16string FileDialogBox::openOrSave(bool save) {
         setFilterIndex(d->filterIndex);
         setInitDir(d->initDir);
         d->cancelError = true;  // and so it stays, for later ShowOpen and ShowSave too
-        show(save);
+        runDialog(save);
         propertyChanged(u"FileTitle");
         return d->fileName;
     } catch (const Error& e) {
@@ -322,14 +322,14 @@ std::u16string FileDialogBox::openOrSave(bool save) {
 }
 
 bool FileDialogBox::showOpen() {
-    return show(false);
+    return runDialog(false);
 }
 
 bool FileDialogBox::showSave() {
-    return show(true);
+    return runDialog(true);
 }
 
-bool FileDialogBox::show(bool save) {
+bool FileDialogBox::runDialog(bool save) {
     d->failed = false;
     DialogSettings s;
     s.owner = d->hwnd;

@@ -192,7 +192,7 @@ protected:
 private:
     struct Private;
     std::unique_ptr<Private> const d;
-    bool show(bool save);
+    bool runDialog(bool save);
     std::u16string openOrSave(bool save);
     void setBoolean(bool& field, bool v, std::u16string_view name);
     void applyNameRules();
