@@ -54,7 +54,7 @@ std::uint32_t answerFileDialog(FileDialogRequest& r, const char* text, std::uint
     }
     if (r.fileTitle && r.maxFileTitle > 0) {
         const std::size_t n = std::min<std::size_t>(title.size(), r.maxFileTitle - 1);
-        std::memcpy(r.fileTitle, title.data(), n);
+        if (n > 0) std::memcpy(r.fileTitle, title.data(), n);  // an empty title has no data
         r.fileTitle[n] = '\0';
     }
     return 0;
