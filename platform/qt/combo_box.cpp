@@ -1,8 +1,10 @@
 // The combo box over a QComboBox.
 #include "corvex/qt/combo_box.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QScrollBar>
 
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
@@ -30,6 +32,16 @@ QtComboBox::QtComboBox(QtControlHost& host, const ComboBoxSpec& design)
         QObject::connect(edit, &QLineEdit::textEdited, comboBox(),
                          [this](const QString& t) { edited(t); });
     }
+    // Scroll tells of the drop-down list moving under the person's eyes; the view also
+    // scrolls while hidden (items added, the current one made visible), which is no Scroll.
+    QAbstractItemView* view = comboBox()->view();
+    QObject::connect(view->verticalScrollBar(), &QScrollBar::valueChanged, comboBox(),
+                     [this, view](int) {
+                         if (!view->isVisible()) return;
+                         WidgetEvent e;
+                         e.type = WidgetEventType::Scroll;
+                         notifyFromQt(e);
+                     });
 }
 
 QtComboBox::~QtComboBox() = default;
