@@ -4,6 +4,7 @@
 
 #include "corvex/headless/form_windows.h"
 #include "corvex/headless/option_widgets.h"
+#include "corvex/platform/widget_array.h"
 
 namespace corvex::headless {
 
@@ -133,7 +134,8 @@ std::unique_ptr<OptionButton> Site::createOptionButton(const OptionButtonSpec& s
 
 std::unique_ptr<ControlArray<OptionButton>> Site::createOptionButtonArray(
     const OptionButtonSpec& spec) {
-    return std::make_unique<HeadlessOptionButtonArray>(*this, spec);
+    return std::make_unique<WidgetArray<OptionButton, OptionButtonSpec>>(
+        spec, [this](const OptionButtonSpec& s) { return createOptionButton(s); });
 }
 
 std::unique_ptr<LineShape> Site::createLine(const LineSpec& spec) {

@@ -10,6 +10,7 @@
 #include "corvex/common/form_model.h"
 #include "corvex/common/text.h"
 #include "corvex/library/literals.h"
+#include "corvex/platform/widget_array.h"
 #include "corvex/qt/combo_box.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
@@ -396,7 +397,8 @@ std::unique_ptr<OptionButton> QtControlHost::createOptionButton(const OptionButt
 
 std::unique_ptr<ControlArray<OptionButton>> QtControlHost::createOptionButtonArray(
     const OptionButtonSpec& design) {
-    return std::make_unique<QtOptionButtonArray>(*this, design);
+    return std::make_unique<WidgetArray<OptionButton, OptionButtonSpec>>(
+        design, [this](const OptionButtonSpec& s) { return createOptionButton(s); });
 }
 
 std::unique_ptr<LineShape> QtControlHost::createLine(const LineSpec& design) {

@@ -2,7 +2,6 @@
 // host.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
 
@@ -70,24 +69,6 @@ private:
     void setEnds(float x1, float y1, float x2, float y2);
     float x1_, y1_, x2_, y2_;
     std::int16_t borderWidth_;
-};
-
-/// An array of headless option buttons, element 0 made with it.
-class HeadlessOptionButtonArray : public OptionButtonArray {
-public:
-    /// An array of a site whose element 0 is made from spec.
-    HeadlessOptionButtonArray(Site& site, const OptionButtonSpec& spec);
-    ~HeadlessOptionButtonArray() override;
-    std::int16_t count() const override { return static_cast<std::int16_t>(elements_.size()); }
-    bool exists(std::int16_t index) const override { return elements_.count(index) != 0; }
-    OptionButton& element(std::int16_t index) const override;
-    OptionButton& create(std::int16_t index) override;
-    void remove(std::int16_t index) override;
-
-private:
-    Site& site_;
-    OptionButtonSpec spec_;
-    std::map<std::int16_t, std::unique_ptr<HeadlessOptionButton>> elements_;
 };
 
 }  // namespace corvex::headless

@@ -2,7 +2,6 @@
 // of option buttons.
 #pragma once
 
-#include <map>
 #include <memory>
 
 #include "corvex/platform/option_widgets.h"
@@ -81,24 +80,6 @@ private:
     void setEnds(float x1, float y1, float x2, float y2);
     float x1_ = 0, y1_ = 0, x2_ = 0, y2_ = 0;
     std::int16_t borderWidth_ = 1;
-};
-
-/// An array of Qt option buttons, element 0 made with it.
-class QtOptionButtonArray : public OptionButtonArray {
-public:
-    /// An array on host whose element 0 is made from design.
-    QtOptionButtonArray(QtControlHost& host, const OptionButtonSpec& design);
-    ~QtOptionButtonArray() override;
-    std::int16_t count() const override { return static_cast<std::int16_t>(elements_.size()); }
-    bool exists(std::int16_t index) const override { return elements_.count(index) != 0; }
-    OptionButton& element(std::int16_t index) const override;
-    OptionButton& create(std::int16_t index) override;
-    void remove(std::int16_t index) override;
-
-private:
-    QtControlHost& host_;
-    OptionButtonSpec design_;
-    std::map<std::int16_t, std::unique_ptr<QtOptionButton>> elements_;
 };
 
 }  // namespace corvex::qt
