@@ -255,6 +255,55 @@ TEST_P(TextBoxContract, shouldLeaveClipboardKeysToAHandlerThatZeroesTheKeyCode) 
     EXPECT_EQ(box->text(), u"");
 }
 
+TEST_P(TextBoxContract, shouldReportCtrlVAsItsControlCharacterInKeyPress) {
+    h->setClipboardText(u"pasted");
+    h->pressKeyOn(*box, 'V', key::CtrlMask);
+    const auto presses = rec.ofType(WidgetEventType::KeyPress);
+    ASSERT_EQ(presses.size(), 1u);
+    EXPECT_EQ(presses[0].keyAscii, 22);
+    EXPECT_EQ(rec.types().front(), WidgetEventType::KeyDown);
+    EXPECT_EQ(box->text(), u"pasted");
+}
+
+TEST_P(TextBoxContract, shouldNotPasteWhenAKeyPressHandlerSwallowsCtrlV) {
+    rec.handler = [](WidgetEvent& e) {
+        if (e.type == WidgetEventType::KeyPress) e.keyAscii = 0;
+    };
+    h->setClipboardText(u"pasted");
+    h->pressKeyOn(*box, 'V', key::CtrlMask);
+    EXPECT_EQ(box->text(), u"");
+}
+
+TEST_P(TextBoxContract, shouldTypeWhatAKeyPressHandlerMadeOfCtrlV) {
+    rec.handler = [](WidgetEvent& e) {
+        if (e.type == WidgetEventType::KeyPress) e.keyAscii = 'q';
+    };
+    h->setClipboardText(u"pasted");
+    h->pressKeyOn(*box, 'V', key::CtrlMask);
+    EXPECT_EQ(box->text(), u"q");
+}
+
+TEST_P(TextBoxContract, shouldPasteOnShiftInsertAndCutOnShiftDelete) {
+    h->setClipboardText(u"pasted");
+    h->pressKeyOn(*box, key::Insert, key::ShiftMask);
+    EXPECT_EQ(box->text(), u"pasted");
+    EXPECT_EQ(rec.count(WidgetEventType::KeyPress), 0) << "no character is typed";
+    box->setSelStart(0);
+    box->setSelLength(3);
+    h->pressKeyOn(*box, key::Delete, key::ShiftMask);
+    EXPECT_EQ(box->text(), u"ted");
+    EXPECT_EQ(h->clipboardText(), u"pas");
+}
+
+TEST_P(TextBoxContract, shouldCopyOnCtrlInsert) {
+    box->setText(u"Corvex");
+    box->setSelStart(0);
+    box->setSelLength(3);
+    h->pressKeyOn(*box, key::Insert, key::CtrlMask);
+    EXPECT_EQ(h->clipboardText(), u"Cor");
+    EXPECT_EQ(box->text(), u"Corvex");
+}
+
 TEST_P(TextBoxContract, shouldNotPasteWhenNativeClipboardKeysAreOff) {
     box = make(false, false);
     h->setClipboardText(u"pasted");

@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "corvex/platform/widgets.h"
+
 using namespace corvex;
 
 namespace {
@@ -324,3 +326,42 @@ TEST(TextEditModel, shouldMeasureTheRoomOverTheSelection) {
 }
 
 }  // namespace
+
+// --- the clipboard keys ----------------------------------------------------------------------
+
+TEST(ClipboardKeys, shouldNameTheKeysEveryDesktopKnows) {
+    EXPECT_EQ(clipboardKeyOf('X', key::CtrlMask), ClipboardKey::Cut);
+    EXPECT_EQ(clipboardKeyOf(key::Delete, key::ShiftMask), ClipboardKey::Cut);
+    EXPECT_EQ(clipboardKeyOf('C', key::CtrlMask), ClipboardKey::Copy);
+    EXPECT_EQ(clipboardKeyOf(key::Insert, key::CtrlMask), ClipboardKey::Copy);
+    EXPECT_EQ(clipboardKeyOf('V', key::CtrlMask), ClipboardKey::Paste);
+    EXPECT_EQ(clipboardKeyOf(key::Insert, key::ShiftMask), ClipboardKey::Paste);
+}
+
+TEST(ClipboardKeys, shouldNameNoOtherKeyOrShiftState) {
+    EXPECT_EQ(clipboardKeyOf('V', 0), ClipboardKey::None);
+    EXPECT_EQ(clipboardKeyOf('V', key::CtrlMask | key::ShiftMask), ClipboardKey::None);
+    EXPECT_EQ(clipboardKeyOf('V', key::CtrlMask | key::AltMask), ClipboardKey::None);
+    EXPECT_EQ(clipboardKeyOf(key::Insert, 0), ClipboardKey::None);
+    EXPECT_EQ(clipboardKeyOf(key::Delete, key::CtrlMask), ClipboardKey::None);
+    EXPECT_EQ(clipboardKeyOf('A', key::CtrlMask), ClipboardKey::None);
+}
+
+TEST(ClipboardKeys, shouldActOnlyWhenTheBoxOwnsTheKeysAndNoHandlerTookThemAway) {
+    EXPECT_EQ(clipboardKeyEffect(true, false, true, 22, 22), ClipboardKeyEffect::Act);
+    EXPECT_EQ(clipboardKeyEffect(true, false, false, 0, 0), ClipboardKeyEffect::Act);
+    EXPECT_EQ(clipboardKeyEffect(false, false, true, 22, 22), ClipboardKeyEffect::Nothing);
+    EXPECT_EQ(clipboardKeyEffect(true, true, true, 22, 22), ClipboardKeyEffect::Nothing);
+    EXPECT_EQ(clipboardKeyEffect(true, false, true, 22, 0), ClipboardKeyEffect::TypeInstead);
+    EXPECT_EQ(clipboardKeyEffect(true, false, true, 22, u'q'), ClipboardKeyEffect::TypeInstead);
+}
+
+TEST(ClipboardKeys, shouldGiveCtrlLettersTheirControlCharacters) {
+    EXPECT_EQ(controlCharacterOf('A', key::CtrlMask), 1);
+    EXPECT_EQ(controlCharacterOf('V', key::CtrlMask), 22);
+    EXPECT_EQ(controlCharacterOf('Z', key::CtrlMask | key::ShiftMask), 26);
+    EXPECT_EQ(controlCharacterOf('V', 0), 0);
+    EXPECT_EQ(controlCharacterOf('V', key::CtrlMask | key::AltMask), 0);
+    EXPECT_EQ(controlCharacterOf(key::Insert, key::CtrlMask), 0);
+    EXPECT_EQ(controlCharacterOf('1', key::CtrlMask), 0);
+}

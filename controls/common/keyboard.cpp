@@ -45,4 +45,10 @@ KeyStroke keyStrokeFor(char16_t ch) {
     return {0, 0};
 }
 
+char16_t controlCharacterOf(std::int16_t keyCode, std::int16_t shiftBits) {
+    if ((shiftBits & key::CtrlMask) == 0 || (shiftBits & key::AltMask) != 0) return 0;
+    if (keyCode < u'A' || keyCode > u'Z') return 0;
+    return static_cast<char16_t>(keyCode - u'A' + 1);
+}
+
 }  // namespace corvex

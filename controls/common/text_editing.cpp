@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <limits>
 
+#include "corvex/platform/widgets.h"
+
 namespace corvex {
 
 std::u16string canonicalLineBreaks(std::u16string_view text) {
@@ -135,6 +137,28 @@ bool TextEditModel::type(char16_t ch) {
             break;
     }
     return false;
+}
+
+ClipboardKey clipboardKeyOf(std::int16_t keyCode, std::int16_t shift) {
+    const std::int16_t held = shift & (key::ShiftMask | key::CtrlMask | key::AltMask);
+    if (held == key::CtrlMask) {
+        if (keyCode == 'X') return ClipboardKey::Cut;
+        if (keyCode == 'C' || keyCode == key::Insert) return ClipboardKey::Copy;
+        if (keyCode == 'V') return ClipboardKey::Paste;
+    } else if (held == key::ShiftMask) {
+        if (keyCode == key::Delete) return ClipboardKey::Cut;
+        if (keyCode == key::Insert) return ClipboardKey::Paste;
+    }
+    return ClipboardKey::None;
+}
+
+ClipboardKeyEffect clipboardKeyEffect(bool native, bool keyCodeCleared, bool hasPress,
+                                      char16_t original, char16_t keyAscii) {
+    // The control's own clipboard keys, or a key a KeyDown handler took away: the box does
+    // nothing by itself, so that nothing is cut, copied or pasted twice.
+    if (!native || keyCodeCleared) return ClipboardKeyEffect::Nothing;
+    if (hasPress && keyAscii != original) return ClipboardKeyEffect::TypeInstead;
+    return ClipboardKeyEffect::Act;
 }
 
 bool TextEditModel::paste(std::u16string_view t) {

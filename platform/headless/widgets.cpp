@@ -113,7 +113,22 @@ void HeadlessWidget::pressKey(std::int16_t keyCode, std::int16_t shift) {
     down.keyCode = keyCode;
     down.shift = shift;
     emit(down);
-    keyPressedDown(down.keyCode, down.shift);
+    PressedKey pressed;
+    pressed.pressedCode = keyCode;
+    pressed.pressedShift = shift;
+    pressed.keyCode = down.keyCode;
+    pressed.keyCodeCleared = keyCode != 0 && down.keyCode == 0;
+    // Ctrl with a letter types its control character, which KeyPress reports.
+    if (const char16_t ch = controlCharacterOf(keyCode, shift); ch != 0) {
+        WidgetEvent press;
+        press.type = WidgetEventType::KeyPress;
+        press.keyAscii = static_cast<std::int16_t>(ch);
+        emit(press);
+        pressed.hasPress = true;
+        pressed.original = ch;
+        pressed.keyAscii = static_cast<char16_t>(press.keyAscii);
+    }
+    keyPressedDown(pressed);
     WidgetEvent up;
     up.type = WidgetEventType::KeyUp;
     up.keyCode = keyCode;
@@ -154,21 +169,32 @@ HeadlessTextBox::HeadlessTextBox(Site& site, const TextBoxSpec& spec)
       scrollBars_(spec.scrollBars),
       nativeClipboard_(spec.nativeClipboard) {}
 
-void HeadlessTextBox::keyPressedDown(std::int16_t keyCode, std::int16_t shift) {
-    if (!nativeClipboard_) return;
+void HeadlessTextBox::keyPressedDown(const PressedKey& key) {
+    const ClipboardKey clip = clipboardKeyOf(key.pressedCode, key.pressedShift);
+    if (clip == ClipboardKey::None) {
+        // A KeyPress handler that turned a Ctrl+letter into another character typed it.
+        if (key.hasPress && key.keyAscii != key.original && key.keyAscii != 0) {
+            characterTyped(key.keyAscii);
+        }
+        return;
+    }
+    switch (clipboardKeyEffect(nativeClipboard_, key.keyCodeCleared, key.hasPress, key.original,
+                               key.keyAscii)) {
+        case ClipboardKeyEffect::Nothing:
+            return;
+        case ClipboardKeyEffect::TypeInstead:
+            if (key.keyAscii != 0) characterTyped(key.keyAscii);
+            return;
+        case ClipboardKeyEffect::Act:
+            break;
+    }
     Clipboard& clipboard = site().host();
-    // Shift+Insert pastes as Ctrl+V does, without typing a character a KeyPress could drop.
-    if (keyCode == key::Insert && shift == key::ShiftMask) {
+    if (clip == ClipboardKey::Paste) {
         changed(model_.paste(clipboard.text()));
         return;
     }
-    if ((shift & key::CtrlMask) == 0) return;
-    if (keyCode == 'C' || keyCode == 'X') {
-        if (model_.selLength() > 0) clipboard.setText(model_.selText());
-        if (keyCode == 'X') changed(model_.deleteSelection());
-    } else if (keyCode == 'V') {
-        changed(model_.paste(clipboard.text()));
-    }
+    if (model_.selLength() > 0) clipboard.setText(model_.selText());
+    if (clip == ClipboardKey::Cut) changed(model_.deleteSelection());
 }
 
 void HeadlessTextBox::changed(bool textChanged) {

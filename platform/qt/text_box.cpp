@@ -75,28 +75,14 @@ private:
 
 namespace {
 
-enum class ClipboardKey { None, Cut, Copy, Paste };
-
 // The clipboard keys: Qt's own sequences for the platform, and the ones every desktop
-// knows whatever the platform's bindings say.
+// knows whatever the platform's bindings say (the core's rule).
 ClipboardKey clipboardKeyOf(const QKeyEvent* event) {
-    const Qt::KeyboardModifiers mods =
-        event->modifiers() &
-        (Qt::ShiftModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
-    const int k = event->key();
-    if (event->matches(QKeySequence::Paste) || (k == Qt::Key_V && mods == Qt::ControlModifier) ||
-        (k == Qt::Key_Insert && mods == Qt::ShiftModifier)) {
-        return ClipboardKey::Paste;
-    }
-    if (event->matches(QKeySequence::Cut) || (k == Qt::Key_X && mods == Qt::ControlModifier) ||
-        (k == Qt::Key_Delete && mods == Qt::ShiftModifier)) {
-        return ClipboardKey::Cut;
-    }
-    if (event->matches(QKeySequence::Copy) || (k == Qt::Key_C && mods == Qt::ControlModifier) ||
-        (k == Qt::Key_Insert && mods == Qt::ControlModifier)) {
-        return ClipboardKey::Copy;
-    }
-    return ClipboardKey::None;
+    if (event->matches(QKeySequence::Paste)) return ClipboardKey::Paste;
+    if (event->matches(QKeySequence::Cut)) return ClipboardKey::Cut;
+    if (event->matches(QKeySequence::Copy)) return ClipboardKey::Copy;
+    return corvex::clipboardKeyOf(virtualKeyCode(event->key(), event->modifiers()),
+                                  shiftBits(event->modifiers()));
 }
 
 }  // namespace
@@ -592,13 +578,15 @@ void QtTextBox::typeCharacter(char16_t ch) {
 
 bool QtTextBox::keyTyped(QKeyEvent* event, const TypedKey& key) {
     if (const ClipboardKey clip = clipboardKeyOf(event); clip != ClipboardKey::None) {
-        // The control's own clipboard keys, or a key a KeyDown handler took away: the box
-        // does nothing by itself, so that nothing is copied or pasted twice.
-        if (!nativeClipboard_ || key.keyCodeCleared) return true;
-        if (key.hasPress && key.keyAscii != key.original) {
-            // A KeyPress handler made it another character (or none).
-            typeCharacter(key.keyAscii);
-            return true;
+        switch (clipboardKeyEffect(nativeClipboard_, key.keyCodeCleared, key.hasPress, key.original,
+                                   key.keyAscii)) {
+            case ClipboardKeyEffect::Nothing:
+                return true;
+            case ClipboardKeyEffect::TypeInstead:
+                typeCharacter(key.keyAscii);
+                return true;
+            case ClipboardKeyEffect::Act:
+                break;
         }
         if (clip == ClipboardKey::Paste) {
             if (!locked()) pasteFromClipboard();

@@ -9,6 +9,26 @@
 
 namespace corvex {
 
+/// The clipboard keys of a text box.
+enum class ClipboardKey { None, Cut, Copy, Paste };
+
+/// Which clipboard key a key code with its shift state is: Ctrl+X and Shift+Delete cut,
+/// Ctrl+C and Ctrl+Insert copy, Ctrl+V and Shift+Insert paste.
+ClipboardKey clipboardKeyOf(std::int16_t keyCode, std::int16_t shift);
+
+/// What a text box does with a clipboard key once its KeyDown and KeyPress were raised.
+enum class ClipboardKeyEffect {
+    Nothing,      ///< the box's own clipboard keys are off, or KeyDown took the key away
+    TypeInstead,  ///< a KeyPress handler made it another character (typed unless 0)
+    Act,          ///< the box cuts, copies or pastes
+};
+
+/// The one rule both hosts follow: native is whether the box does its clipboard keys
+/// itself; keyCodeCleared, whether a KeyDown handler set KeyCode to 0; hasPress, whether
+/// the key typed a character (original) and raised KeyPress, left as keyAscii.
+ClipboardKeyEffect clipboardKeyEffect(bool native, bool keyCodeCleared, bool hasPress,
+                                      char16_t original, char16_t keyAscii);
+
 /// Whether c is the first unit of a surrogate pair.
 constexpr bool isHighSurrogate(char16_t c) {
     return c >= 0xD800 && c <= 0xDBFF;

@@ -68,9 +68,18 @@ protected:
     virtual void characterTyped(char16_t) {}
     /// What the widget does when a key goes up.
     virtual void keyReleased(std::int16_t) {}
-    /// What the widget does after KeyDown of a key without a character (keyCode may
-    /// have been changed by the listener).
-    virtual void keyPressedDown(std::int16_t, std::int16_t) {}
+    /// A key pressed without typing a character of its own, as the handlers left it.
+    struct PressedKey {
+        std::int16_t pressedCode = 0;   ///< the key code as pressed
+        std::int16_t pressedShift = 0;  ///< the shift state as pressed
+        std::int16_t keyCode = 0;       ///< the key code after KeyDown's handlers
+        bool keyCodeCleared = false;    ///< a KeyDown handler set KeyCode to 0
+        bool hasPress = false;          ///< Ctrl typed a control character: KeyPress was raised
+        char16_t original = 0;          ///< that control character
+        char16_t keyAscii = 0;          ///< the character as the KeyPress handlers left it
+    };
+    /// What the widget does after KeyDown (and KeyPress, for a Ctrl+letter) of a key.
+    virtual void keyPressedDown(const PressedKey&) {}
     /// What a click does beyond the mouse events and before Click; returns whether the
     /// widget raises Click itself (a check box does when its value changes).
     virtual bool clicked() { return false; }
@@ -140,7 +149,7 @@ public:
 
 protected:
     void characterTyped(char16_t ch) override;
-    void keyPressedDown(std::int16_t keyCode, std::int16_t shift) override;
+    void keyPressedDown(const PressedKey& key) override;
 
 private:
     void changed(bool textChanged);

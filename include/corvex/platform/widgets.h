@@ -46,6 +46,10 @@ struct KeyStroke {
 /// the Qt host to name the keys Qt reports.
 KeyStroke keyStrokeFor(char16_t ch);
 
+/// The character a key types with Ctrl held and Alt not: Ctrl+A to Ctrl+Z type 1 to 26,
+/// as every keyboard does (Ctrl+V is 22). 0 for any other key or shift state.
+char16_t controlCharacterOf(std::int16_t keyCode, std::int16_t shift);
+
 /// Mouse buttons as the host reports them.
 namespace mouse {
 inline constexpr std::int16_t Left = 1;    ///< left button
