@@ -20,29 +20,30 @@
 namespace corvex {
 
 const std::vector<const ClassInfo*>& publicClasses() {
-    // One class a line, so that classes added side by side merge line by line.
+    // In the order the library publishes them: the controls, the service controls, the
+    // property pages. One class a line, so that classes added side by side merge line by line.
     // clang-format off
     static const std::vector<const ClassInfo*> classes = {
         &BooleanBox::staticClassInfo(),
         &NumInputBox::staticClassInfo(),
         &NumInputBoxR::staticClassInfo(),
         &MemoBox::staticClassInfo(),
-        &SettingHandle::staticClassInfo(),
-        &FormHandle::staticClassInfo(),
-        &MessageBox::staticClassInfo(),
-        &MsgBoxPage::staticClassInfo(),
         &FileNameBox::staticClassInfo(),
+        &FileDialogBox::staticClassInfo(),
+        &DropDownCombo::staticClassInfo(),
+        &DropDownList::staticClassInfo(),
+        &MoveList::staticClassInfo(),
         &MultiOption::staticClassInfo(),
         &SingleOption::staticClassInfo(),
         &ShadowedLine::staticClassInfo(),
-        &MoveList::staticClassInfo(),
-        &FileDialogBox::staticClassInfo(),
+        &SettingHandle::staticClassInfo(),
+        &FormHandle::staticClassInfo(),
+        &MessageBox::staticClassInfo(),
         &FileDialogPage1::staticClassInfo(),
         &FileDialogPage2::staticClassInfo(),
         &FileDialogPage3::staticClassInfo(),
         &FileDialogPage4::staticClassInfo(),
-        &DropDownCombo::staticClassInfo(),
-        &DropDownList::staticClassInfo(),
+        &MsgBoxPage::staticClassInfo(),
     };
     // clang-format on
     return classes;

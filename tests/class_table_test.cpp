@@ -61,12 +61,12 @@ TEST(ClassTable, shouldGiveACommonMemberTheSameHelpInEveryClass) {
 TEST(ClassTable, shouldDescribeEveryPublicEnumerationWithItsPublishedNamesAndValues) {
     std::vector<std::u16string> names;
     for (const EnumInfo* e : publicEnumerations()) names.push_back(e->name);
-    EXPECT_EQ(names,
-              (std::vector<std::u16string>{
-                  u"CorvexIMEMode", u"InputMode", u"ScrollBarsMode", u"MsgBoxControlButtonType",
-                  u"MsgBoxControlIconType", u"MsgBoxControlDefaultButtonType",
-                  u"MsgBoxControlModalType", u"MsgBoxControlAnswer", u"CheckExistsMode",
-                  u"MultiOptionBorder", u"ShadowedLine_Mode", u"OpenOrSaveMode"}));
+    EXPECT_EQ(names, (std::vector<std::u16string>{
+                         u"CorvexIMEMode", u"InputMode", u"CheckExistsMode", u"MultiOptionBorder",
+                         u"ScrollBarsMode", u"ShadowedLine_Mode", u"OpenOrSaveMode",
+                         u"MsgBoxControlButtonType", u"MsgBoxControlIconType",
+                         u"MsgBoxControlDefaultButtonType", u"MsgBoxControlModalType",
+                         u"MsgBoxControlAnswer", u"CorvexComDlg"}));
     const EnumInfo& ime = enumInfo<CorvexIMEMode>();
     ASSERT_EQ(ime.members.size(), 9u);
     EXPECT_EQ(ime.members[3],
@@ -90,6 +90,134 @@ TEST(ClassTable, shouldDescribeEveryPublicEnumerationWithItsPublishedNamesAndVal
     EXPECT_EQ(exists.members,
               (std::vector<std::pair<std::u16string, std::int32_t>>{
                   {u"NoCheck", 0}, {u"FileOnly", 1}, {u"FolderOnly", 2}, {u"FileAndFolder", 3}}));
+}
+
+TEST(ClassTable, shouldPublishTheClassesInTheirOrderWithTheirKinds) {
+    std::vector<std::pair<std::u16string, ClassKind>> classes;
+    for (const ClassInfo* c : publicClasses()) classes.emplace_back(c->name(), c->kind());
+    using K = ClassKind;
+    EXPECT_EQ(classes, (std::vector<std::pair<std::u16string, ClassKind>>{
+                           {u"BooleanBox", K::Control},
+                           {u"NumInputBox", K::Control},
+                           {u"NumInputBoxR", K::Control},
+                           {u"MemoBox", K::Control},
+                           {u"FileNameBox", K::Control},
+                           {u"FileDialogBox", K::ServiceControl},
+                           {u"DropDownCombo", K::Control},
+                           {u"DropDownList", K::Control},
+                           {u"MoveList", K::Control},
+                           {u"MultiOption", K::Control},
+                           {u"SingleOption", K::Control},
+                           {u"ShadowedLine", K::Control},
+                           {u"SettingHandle", K::ServiceControl},
+                           {u"FormHandle", K::ServiceControl},
+                           {u"MessageBox", K::ServiceControl},
+                           {u"ppgFILEDLG1", K::PropertyPage},
+                           {u"ppgFILEDLG2", K::PropertyPage},
+                           {u"ppgFILEDLG3", K::PropertyPage},
+                           {u"ppgFILEDLG4", K::PropertyPage},
+                           {u"ppgMSGBOX", K::PropertyPage}}));
+    EXPECT_EQ(findClass(u"frmFILEDLG"), nullptr) << "the notes form stays the library's own";
+}
+
+// All 88 common-dialog constants, in their published order, with the two values that
+// share a number (cdlHelpContents and cdlHelpIndex, cdlHelpSetContents and cdlHelpSetIndex).
+TEST(ClassTable, shouldPublishEveryCommonDialogConstantInOrderWithItsValue) {
+    const std::vector<std::pair<std::u16string, std::int32_t>> expected = {
+        {u"cdlOFNAllowMultiselect", 512},
+        {u"cdlOFNCreatePrompt", 8192},
+        {u"cdlOFNExtensionDifferentt", 1024},
+        {u"cdlOFNFileMustExist", 4096},
+        {u"cdlOFNHideReadOnly", 4},
+        {u"cdlOFNNoChangeDir", 8},
+        {u"cdlOFNNoReadOnlyReturn", 32768},
+        {u"cdlOFNNoValidate", 256},
+        {u"cdlOFNOverwritePrompt", 2},
+        {u"cdlOFNPathMustExist", 2048},
+        {u"cdlOFNReadOnly", 1},
+        {u"cdlOFNShareAware", 16384},
+        {u"cdlOFNHelpButton", 16},
+        {u"cdlOFNExplorer", 524288},
+        {u"cdlOFNNoDereferenceLinks", 1048576},
+        {u"cdlOFNLongNames", 2097152},
+        {u"cdlOFNNoLongNames", 262144},
+        {u"cdlCFANSIOnly", 1024},
+        {u"cdlCFBoth", 3},
+        {u"cdlCFEffects", 256},
+        {u"cdlCFFixedPitchOnly", 16384},
+        {u"cdlCFForceFontExist", 65536},
+        {u"cdlCFLimitSize", 8192},
+        {u"cdlCFNoSimulations", 4096},
+        {u"cdlCFNoVectorFonts", 2048},
+        {u"cdlCFPrinterFonts", 2},
+        {u"cdlCFScalableOnly", 131072},
+        {u"cdlCFScreenFonts", 1},
+        {u"cdlCFHelpButton", 4},
+        {u"cdlCFTTOnly", 262144},
+        {u"cdlCFWYSIWYG", 32768},
+        {u"cdlPDAllPages", 0},
+        {u"cdlPDCollate", 16},
+        {u"cdlPDDisablePrintToFile", 524288},
+        {u"cdlPDHidePrintToFile", 1048576},
+        {u"cdlPDNoPageNums", 8},
+        {u"cdlPDNoSelection", 4},
+        {u"cdlPDNoWarning", 128},
+        {u"cdlPDPageNums", 2},
+        {u"cdlPDPrintSetup", 64},
+        {u"cdlPDPrintToFile", 32},
+        {u"cdlPDReturnDC", 256},
+        {u"cdlPDReturnIC", 512},
+        {u"cdlPDReturnDefault", 1024},
+        {u"cdlPDSelection", 1},
+        {u"cdlPDHelpButton", 2048},
+        {u"cdlPDUseDevModeCopies", 262144},
+        {u"cdlCCFullOpen", 2},
+        {u"cdlCCPreventFullOpen", 4},
+        {u"cdlCCRGBInit", 1},
+        {u"cdlCCShowHelp", 8},
+        {u"cdlHelpCommand", 258},
+        {u"cdlHelpContents", 3},
+        {u"cdlHelpContext", 1},
+        {u"cdlHelpContextPopup", 8},
+        {u"cdlHelpForceFile", 9},
+        {u"cdlHelpOnHelp", 4},
+        {u"cdlHelpIndex", 3},
+        {u"cdlHelpKey", 257},
+        {u"cdlHelpPartialKey", 261},
+        {u"cdlHelpQuit", 2},
+        {u"cdlHelpSetContents", 5},
+        {u"cdlHelpSetIndex", 5},
+        {u"cdlAlloc", 32752},
+        {u"cdlCancel", 32755},
+        {u"cdlDialogFailure", -32768},
+        {u"cdlFindResFailure", 32761},
+        {u"cdlHelp", 32751},
+        {u"cdlInitialization", 32765},
+        {u"cdlLoadResFailure", 32760},
+        {u"cdlLockResFailure", 32759},
+        {u"cdlMemAllocFailure", 32758},
+        {u"cdlMemLockFailure", 32757},
+        {u"cdlNoFonts", 24574},
+        {u"cdlBufferTooSmall", 20476},
+        {u"cdlInvalidFileName", 20477},
+        {u"cdlSubclassFailure", 20478},
+        {u"cdlCreateICFailure", 28661},
+        {u"cdlDndmMismatch", 28662},
+        {u"cdlGetDevModeFail", 28666},
+        {u"cdlInitFailure", 28665},
+        {u"cdlLoadDrvFailure", 28667},
+        {u"cdlLoadStrFailure", 32762},
+        {u"cdlNoDefaultPrn", 28663},
+        {u"cdlNoDevices", 28664},
+        {u"cdlParseFailure", 28669},
+        {u"cdlPrinterNotFound", 28660},
+        {u"cdlRetDefFailure", 28668},
+    };
+    EXPECT_EQ(expected.size(), 88u);
+    EXPECT_EQ(enumInfo<CorvexComDlg>().members, expected);
+    EXPECT_EQ(static_cast<std::int32_t>(CorvexComDlg::cdlOFNExtensionDifferentt), 1024);
+    EXPECT_EQ(static_cast<std::int32_t>(CorvexComDlg::cdlDialogFailure), -32768);
+    EXPECT_EQ(enumInfo<CorvexComDlg>().nameOf(32755), u"cdlCancel");
 }
 
 TEST(ClassTable, shouldNameTheEnumerationOfEveryEnumeratedProperty) {

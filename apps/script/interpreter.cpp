@@ -17,6 +17,7 @@
 #include "corvex/library/literals.h"
 #include "corvex/library/memory_bag.h"
 #include "corvex/posix/atomic_file.h"
+#include "corvex/script/describe.h"
 #include "corvex/script/peek.h"
 #include "corvex/services/property_page.h"
 
@@ -771,6 +772,35 @@ struct Interpreter::Commands {
         });
     }
 
+    // The library's self-description: classes, members, events, enumerations, help.
+    static void describe(Interpreter& in, const Tokens& t, const Command& c) {
+        std::u16string name;
+        std::u16string member;
+        if (c.word == "help") {
+            auto target = memberTarget(t[1]);
+            name = std::move(target.first.name);
+            member = std::move(target.second);
+        } else if (c.word != "classes") {
+            if (!isName(t[1])) throw ParseError{"expected a name, found " + shown(t[1])};
+            name = fromUtf8(t[1]);
+        }
+        in.execute([&] {
+            std::vector<std::string> lines;
+            if (c.word == "classes") {
+                lines = script::describeClasses();
+            } else if (c.word == "help") {
+                lines.push_back(script::describeHelp(name, member));
+            } else if (c.word == "members") {
+                lines = script::describeMembers(name);
+            } else if (c.word == "events") {
+                lines = script::describeEvents(name);
+            } else {
+                lines = script::describeEnumeration(name);
+            }
+            for (const std::string& line : lines) in.print(line);
+        });
+    }
+
     static const ClassInfo& publicClass(const std::u16string& className) {
         const ClassInfo* cls = findClass(className);
         // The host's own standard controls sit on a form beside the library's.
@@ -822,6 +852,11 @@ struct Interpreter::Commands {
             {"choose",    "choose NAME.WIDGET ITEM [SHIFT]",            3, 4,    &Commands::choose},
             {"dialog",    "dialog ok \"TEXT\" [INDEX] | dialog cancel | dialog fail CODE", 2, 4, &Commands::dialog},
             {"close",     "close NAME",                                 2, 2,    &Commands::closeForm},
+            {"classes",   "classes",                                    1, 1,    &Commands::describe},
+            {"members",   "members CLASS",                              2, 2,    &Commands::describe},
+            {"events",    "events CLASS",                               2, 2,    &Commands::describe},
+            {"enum",      "enum NAME",                                  2, 2,    &Commands::describe},
+            {"help",      "help CLASS.MEMBER",                          2, 2,    &Commands::describe},
         };
         // clang-format on
         return commands;

@@ -58,6 +58,106 @@ enum class ShadowedLine_Mode : std::int32_t {
     Vertical = 1,     ///< a vertical line with its shadow to the right
 };
 
+/// The common-dialog constants under their published names, for applications: flags of the
+/// open, font, print and colour dialogs, help commands and the dialogs' error numbers. The
+/// spelling cdlOFNExtensionDifferentt is the published one.
+enum class CorvexComDlg : std::int32_t {
+    // Open-file flags (the only ones besides the error numbers the library itself uses).
+    cdlOFNAllowMultiselect = 512,
+    cdlOFNCreatePrompt = 8192,
+    cdlOFNExtensionDifferentt = 1024,
+    cdlOFNFileMustExist = 4096,
+    cdlOFNHideReadOnly = 4,
+    cdlOFNNoChangeDir = 8,
+    cdlOFNNoReadOnlyReturn = 32768,
+    cdlOFNNoValidate = 256,
+    cdlOFNOverwritePrompt = 2,
+    cdlOFNPathMustExist = 2048,
+    cdlOFNReadOnly = 1,
+    cdlOFNShareAware = 16384,
+    cdlOFNHelpButton = 16,
+    cdlOFNExplorer = 524288,
+    cdlOFNNoDereferenceLinks = 1048576,
+    cdlOFNLongNames = 2097152,
+    cdlOFNNoLongNames = 262144,
+    // Font flags.
+    cdlCFANSIOnly = 1024,
+    cdlCFBoth = 3,
+    cdlCFEffects = 256,
+    cdlCFFixedPitchOnly = 16384,
+    cdlCFForceFontExist = 65536,
+    cdlCFLimitSize = 8192,
+    cdlCFNoSimulations = 4096,
+    cdlCFNoVectorFonts = 2048,
+    cdlCFPrinterFonts = 2,
+    cdlCFScalableOnly = 131072,
+    cdlCFScreenFonts = 1,
+    cdlCFHelpButton = 4,
+    cdlCFTTOnly = 262144,
+    cdlCFWYSIWYG = 32768,
+    // Print flags.
+    cdlPDAllPages = 0,
+    cdlPDCollate = 16,
+    cdlPDDisablePrintToFile = 524288,
+    cdlPDHidePrintToFile = 1048576,
+    cdlPDNoPageNums = 8,
+    cdlPDNoSelection = 4,
+    cdlPDNoWarning = 128,
+    cdlPDPageNums = 2,
+    cdlPDPrintSetup = 64,
+    cdlPDPrintToFile = 32,
+    cdlPDReturnDC = 256,
+    cdlPDReturnIC = 512,
+    cdlPDReturnDefault = 1024,
+    cdlPDSelection = 1,
+    cdlPDHelpButton = 2048,
+    cdlPDUseDevModeCopies = 262144,
+    // Colour flags.
+    cdlCCFullOpen = 2,
+    cdlCCPreventFullOpen = 4,
+    cdlCCRGBInit = 1,
+    cdlCCShowHelp = 8,
+    // Help commands.
+    cdlHelpCommand = 258,
+    cdlHelpContents = 3,
+    cdlHelpContext = 1,
+    cdlHelpContextPopup = 8,
+    cdlHelpForceFile = 9,
+    cdlHelpOnHelp = 4,
+    cdlHelpIndex = 3,
+    cdlHelpKey = 257,
+    cdlHelpPartialKey = 261,
+    cdlHelpQuit = 2,
+    cdlHelpSetContents = 5,
+    cdlHelpSetIndex = 5,
+    // Error numbers.
+    cdlAlloc = 32752,
+    cdlCancel = 32755,
+    cdlDialogFailure = -32768,
+    cdlFindResFailure = 32761,
+    cdlHelp = 32751,
+    cdlInitialization = 32765,
+    cdlLoadResFailure = 32760,
+    cdlLockResFailure = 32759,
+    cdlMemAllocFailure = 32758,
+    cdlMemLockFailure = 32757,
+    cdlNoFonts = 24574,
+    cdlBufferTooSmall = 20476,
+    cdlInvalidFileName = 20477,
+    cdlSubclassFailure = 20478,
+    cdlCreateICFailure = 28661,
+    cdlDndmMismatch = 28662,
+    cdlGetDevModeFail = 28666,
+    cdlInitFailure = 28665,
+    cdlLoadDrvFailure = 28667,
+    cdlLoadStrFailure = 32762,
+    cdlNoDefaultPrn = 28663,
+    cdlNoDevices = 28664,
+    cdlParseFailure = 28669,
+    cdlPrinterNotFound = 28660,
+    cdlRetDefFailure = 28668,
+};
+
 /// The table-side description of CorvexIMEMode.
 template <>
 const EnumInfo& enumInfo<CorvexIMEMode>();
@@ -77,6 +177,10 @@ const EnumInfo& enumInfo<MultiOptionBorder>();
 /// The table-side description of ShadowedLine_Mode.
 template <>
 const EnumInfo& enumInfo<ShadowedLine_Mode>();
+
+/// The table-side description of CorvexComDlg.
+template <>
+const EnumInfo& enumInfo<CorvexComDlg>();
 
 /// Every public enumeration, in the order the library publishes them.
 const std::vector<const EnumInfo*>& publicEnumerations();
