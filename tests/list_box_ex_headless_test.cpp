@@ -3,6 +3,7 @@
 // unequal in the two directions.
 #include <gtest/gtest.h>
 
+#include "corvex/headless/widgets.h"
 #include "corvex/lists/list_box_ex.h"
 #include "corvex/platform/list_box.h"
 #include "support/headless_fixture.h"
@@ -58,6 +59,22 @@ TEST_F(ListBoxExHeadless, shouldGiveExtentZeroAtExactlyTheWidestItemsWidth) {
     h.resize(u"c", 69 * 15, 1800);
     c.refreshScrollBar();
     EXPECT_EQ(lst().horizontalExtent(), 70);
+}
+
+TEST_F(ListBoxExHeadless, shouldPassOnItemCheckWithItsItemByReference) {
+    add();
+    h.setEventHandler(u"c", [](const std::u16string& name, std::span<Variant> args) {
+        if (name == u"ItemCheck") args[0] = Variant(std::int16_t{4});
+    });
+    WidgetEvent e;
+    e.type = WidgetEventType::ItemCheck;
+    e.item = 2;
+    h.headlessWidget(u"c", u"lstListBoxEx").emit(e);
+    const auto events = h.events(u"c");
+    ASSERT_EQ(events.size(), 1u);
+    EXPECT_EQ(events[0].name, u"ItemCheck");
+    EXPECT_EQ(events[0].args[0], Variant(std::int16_t{4}));
+    EXPECT_EQ(e.item, 4) << "the handler's change reaches the list";
 }
 
 }  // namespace

@@ -238,6 +238,33 @@ TEST_P(ListBoxExTest, shouldOnlyStoreTheAutoRefreshFlag) {
     EXPECT_EQ(extent(), 0);
 }
 
+TEST_P(ListBoxExTest, shouldForwardTheListMembersAndNotifyTheirNames) {
+    ListBoxEx& c = add();
+    c.setListTexts(u"a|b|c");
+    h->clearRecords(u"c");
+    c.setColumns(2);
+    c.setSelected(1, true);
+    c.setTopIndex(0);
+    c.setText(u"c");
+    c.setItemData(0, 42);
+    c.setImeMode(CorvexIMEMode::IMEOFF);
+    c.setListIndex(0);
+    c.setValue(1);
+    EXPECT_EQ(h->changes(u"c"), (Texts{u"Columns", u"Selected", u"TopIndex", u"Text", u"ItemData",
+                                       u"IMEMode", u"ListIndex", u"Value"}));
+    EXPECT_EQ(c.columns(), 2);
+    EXPECT_EQ(c.itemData(0), 42);
+    EXPECT_EQ(c.imeMode(), CorvexIMEMode::IMEOFF);
+    EXPECT_EQ(c.listIndex(), 1);
+    EXPECT_EQ(c.text(), u"b");
+    EXPECT_EQ(c.selCount(), 1);
+    EXPECT_TRUE(c.selected(1));
+    EXPECT_EQ(c.multiSelect(), 0);
+    EXPECT_FALSE(c.sorted());
+    EXPECT_TRUE(c.integralHeight());
+    EXPECT_EQ(c.topIndex(), 0);
+}
+
 TEST_P(ListBoxExTest, shouldFillTheControlWithTheList) {
     add();
     h->resize(u"c", 3000, 2400);
