@@ -52,6 +52,36 @@ public:
         std::fflush(stdout);
     }
 
+    // One line per side of a case run at several sizes: how much longer the largest size
+    // took than the smallest ("growth Fill/corvex: 1000 -> 10000 = 9.7x").
+    void printGrowth() const {
+        std::map<std::string, std::map<long long, double>> bySize;
+        std::vector<std::string> bases;
+        for (const std::string& name : order_) {
+            const std::size_t slash = name.rfind('/');
+            if (slash == std::string::npos) continue;
+            const std::string last = name.substr(slash + 1);
+            if (last.empty() || last.find_first_not_of("0123456789") != std::string::npos) continue;
+            const long long size = std::stoll(last);
+            const Times& t = cases_.at(name);
+            const std::pair<const char*, const Mean*> sides[] = {{"corvex", &t.corvex},
+                                                                 {"qt", &t.qt}};
+            for (const auto& [side, mean] : sides) {
+                if (mean->count == 0) continue;
+                const std::string base = name.substr(0, slash) + "/" + side;
+                if (!bySize.count(base)) bases.push_back(base);
+                bySize[base][size] = mean->mean();
+            }
+        }
+        for (const std::string& base : bases) {
+            const auto& sizes = bySize.at(base);
+            if (sizes.size() < 2 || sizes.begin()->second <= 0) continue;
+            std::printf("growth %s: %lld -> %lld = %.3gx\n", base.c_str(), sizes.begin()->first,
+                        sizes.rbegin()->first, sizes.rbegin()->second / sizes.begin()->second);
+        }
+        std::fflush(stdout);
+    }
+
 private:
     struct Mean {
         double sum = 0;
@@ -99,6 +129,7 @@ int main(int argc, char** argv) {
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.printRatios();
+    reporter.printGrowth();
     benchmark::Shutdown();
     return 0;
 }

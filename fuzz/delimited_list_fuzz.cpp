@@ -1,6 +1,9 @@
 // Feeds arbitrary texts to the delimited-list rules and checks that they never crash and
 // agree with themselves: the elements joined again split to the same elements, the rebuild
-// holds exactly the elements, and applying item data sets only what it reports.
+// holds exactly the elements, and applying item data sets only what it reports. The same
+// texts then go to a ListBoxEx on the headless host: its rebuild measures every element and
+// its extent follows the widest, and a removal leaves the widest of the rest.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -8,7 +11,10 @@
 #include <vector>
 
 #include "corvex/common/error.h"
+#include "corvex/headless/host.h"
 #include "corvex/lists/delimited_list.h"
+#include "corvex/lists/list_box_ex.h"
+#include "corvex/platform/list_box.h"
 #include "fuzz_input.h"
 
 namespace {
@@ -72,6 +78,60 @@ void checkApply(MemoryList& list, const std::u16string& nums) {
     if (list.data.size() != list.texts.size()) std::abort();
 }
 
+// The headless width of an item: every unit and the terminator at the fixed advance.
+std::int32_t widthOf(const std::u16string& text) {
+    return static_cast<std::int32_t>(text.size() + 1) * corvex::kFixedAdvance;
+}
+
+std::int32_t widestOf(corvex::ListBoxEx& c) {
+    std::int32_t widest = 0;
+    for (std::int16_t i = 0; i < c.listCount(); ++i) widest = std::max(widest, widthOf(c.list(i)));
+    return widest;
+}
+
+void checkListBoxEx(corvex::fuzz::Input& in, const std::u16string& listTexts,
+                    const std::u16string& nums) {
+    corvex::headless::Host host;
+    host.setUserMode(false);
+    corvex::headless::HeadlessForm form(host);
+    corvex::headless::Site& site = form.add(corvex::ListBoxEx::staticClassInfo(), u"lst");
+    auto& c = dynamic_cast<corvex::ListBoxEx&>(site.control());
+    auto& inner = dynamic_cast<corvex::ListBox&>(*site.widget(u"lstListBoxEx"));
+    c.setAutoRefreshScrollBar(in.byte() % 4 != 0);
+    try {
+        c.setListTexts(listTexts);
+    } catch (const corvex::Error& e) {
+        if (e.number() != corvex::err::Overflow) std::abort();
+        return;
+    }
+    const std::vector<std::u16string> elements =
+        listTexts.empty() ? std::vector<std::u16string>{} : corvex::lists::split(listTexts);
+    if (c.listCount() != static_cast<std::int16_t>(elements.size())) std::abort();
+    // A fresh control's widest item is the widest element; the extent shows it only when
+    // the refresh is automatic and the list is narrower.
+    if (c.widestItem() != widestOf(c)) std::abort();
+    const double listPixels = inner.width() / host.twipsPerPixelY();
+    const std::int32_t expected =
+        c.autoRefreshScrollBar() && listPixels < c.widestItem() ? c.widestItem() : 0;
+    if (inner.horizontalExtent() != expected) std::abort();
+    try {
+        c.setItemDataNums(nums);
+    } catch (const corvex::Error& e) {
+        if (e.number() != corvex::err::SubscriptOutOfRange && e.number() != corvex::err::Overflow) {
+            std::abort();
+        }
+    }
+    if (c.listCount() > 0) {
+        const std::int16_t index = static_cast<std::int16_t>(in.byte() % c.listCount());
+        const bool wasWidest = widthOf(c.list(index)) >= c.widestItem();
+        const std::int32_t before = c.widestItem();
+        c.removeItem(index);
+        if (c.widestItem() != (wasWidest ? widestOf(c) : before)) std::abort();
+    }
+    c.clear();
+    if (c.widestItem() != 0 || inner.horizontalExtent() != 0) std::abort();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -96,5 +156,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::int32_t index = in.small();
     const int refusal = corvex::lists::checkDefaultValue(index, list.listCount());
     if ((refusal == 0) != (index >= -1 && index < list.listCount())) std::abort();
+
+    checkListBoxEx(in, listTexts, nums);
     return 0;
 }

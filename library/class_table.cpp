@@ -8,6 +8,7 @@
 #include "corvex/files/file_name_box.h"
 #include "corvex/files/filedlg_pages.h"
 #include "corvex/lists/drop_down_combo.h"
+#include "corvex/lists/list_box_ex.h"
 #include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
@@ -32,6 +33,7 @@ const std::vector<const ClassInfo*>& publicClasses() {
         &FileDialogBox::staticClassInfo(),
         &DropDownCombo::staticClassInfo(),
         &DropDownList::staticClassInfo(),
+        &ListBoxEx::staticClassInfo(),
         &MoveList::staticClassInfo(),
         &MultiOption::staticClassInfo(),
         &SingleOption::staticClassInfo(),

@@ -15,6 +15,7 @@
 #include "corvex/files/file_dialog_box.h"
 #include "corvex/library/enums.h"
 #include "corvex/lists/drop_down_combo.h"
+#include "corvex/lists/list_box_ex.h"
 #include "corvex/services/msgbox_enums.h"
 
 using namespace corvex;
@@ -105,6 +106,7 @@ TEST(ClassTable, shouldPublishTheClassesInTheirOrderWithTheirKinds) {
                            {u"FileDialogBox", K::ServiceControl},
                            {u"DropDownCombo", K::Control},
                            {u"DropDownList", K::Control},
+                           {u"ListBoxEx", K::Control},
                            {u"MoveList", K::Control},
                            {u"MultiOption", K::Control},
                            {u"SingleOption", K::Control},
@@ -321,6 +323,16 @@ TEST(ClassTable, shouldListTheSavedPropertiesOfEachClassInTheirDocumentedOrder) 
                                                u"Locked", u"Font", u"DefaultValue", u"ItemDataNums",
                                                u"KeyName", u"ListTexts", u"SectionName"}));
     }
+    EXPECT_EQ(
+        writeNames(ListBoxEx::staticClassInfo()),
+        (std::vector<std::u16string>{u"BackColor", u"Enabled", u"Font", u"ForeColor", u"IMEMode",
+                                     u"AutoRefreshScrollBar", u"DefaultValue", u"ItemdataNums",
+                                     u"KeyName", u"ListTexts", u"SectionName"}));
+    EXPECT_EQ(
+        readNames(ListBoxEx::staticClassInfo()),
+        (std::vector<std::u16string>{u"BackColor", u"Enabled", u"ForeColor", u"IMEMode", u"Font",
+                                     u"AutoRefreshScrollBar", u"DefaultValue", u"ItemDataNums",
+                                     u"KeyName", u"ListTexts", u"SectionName"}));
 }
 
 TEST(ClassTable, shouldSayWhereTheReadNameDiffersFromTheWrittenOne) {
@@ -329,7 +341,8 @@ TEST(ClassTable, shouldSayWhereTheReadNameDiffersFromTheWrittenOne) {
             if (!m.saved) continue;
             const bool odd = c->name() == u"MemoBox" && m.name == u"ScrollBars";
             // The list controls write their item data text with a lower-case d.
-            const bool oddWrite = (c->name() == u"DropDownCombo" || c->name() == u"DropDownList") &&
+            const bool oddWrite = (c->name() == u"DropDownCombo" || c->name() == u"DropDownList" ||
+                                   c->name() == u"ListBoxEx") &&
                                   m.name == u"ItemDataNums";
             EXPECT_EQ(m.saved->readName == m.saved->writeName, !odd && !oddWrite) << nameOf(*c, m);
             EXPECT_EQ(oddWrite ? m.saved->readName : m.saved->writeName, m.name)

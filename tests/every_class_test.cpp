@@ -87,8 +87,11 @@ std::vector<Variant> candidates(const MemberInfo& m, const Variant& current) {
 // Saved properties that no caller can set (MessageBox's answers) keep their defaults here;
 // their own tests save and load them.
 // So do the list controls' DefaultValue, which takes only the index of an item the list
-// holds, and ListTexts, which saves an entry per item beside its own.
+// holds, and the drop-downs' ListTexts, which saves an entry per item beside its own.
 bool dependsOnTheItems(const MemberInfo* m) {
+    if (const ClassInfo* c = findClass(u"ListBoxEx"); c && c->member(u"DefaultValue") == m) {
+        return true;
+    }
     for (const char16_t* name : {u"DropDownCombo", u"DropDownList"}) {
         const ClassInfo* c = findClass(name);
         if (c && (c->member(u"DefaultValue") == m || c->member(u"ListTexts") == m)) return true;

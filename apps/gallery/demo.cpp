@@ -4,10 +4,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
+#include <QElapsedTimer>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QListWidget>
 #include <QMouseEvent>
 #include <QPixmap>
+#include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTextStream>
@@ -60,6 +63,19 @@ QString valueOf(qt::QtControlHost* control) {
 QString shown(QString value) {
     return value.replace(QStringLiteral("\r"), QStringLiteral("\\r"))
         .replace(QStringLiteral("\n"), QStringLiteral("\\n"));
+}
+
+// Lets Qt lay out and show until condition holds; false when it never does within a
+// generous deadline.
+template <class Condition>
+bool settles(Condition condition) {
+    QElapsedTimer timer;
+    timer.start();
+    while (!condition()) {
+        if (timer.elapsed() > 10000) return false;
+        QApplication::processEvents(QEventLoop::AllEvents, 50);
+    }
+    return true;
 }
 
 }  // namespace
@@ -189,6 +205,28 @@ int runDemo(GalleryWindow& window, const QString& screenshotPath) {
         enable->setChecked(false);
     expect(onlyWhenEnabled, QStringLiteral("False"),
            QStringLiteral("Disabled it with \"Enable it\""));
+
+    // The long item widens the list past its edge: the horizontal bar comes, and goes again
+    // with the item.
+    qt::QtControlHost* colours = window.control(QStringLiteral("colours"));
+    auto* list =
+        colours ? qobject_cast<QListWidget*>(colours->innerWidget(QStringLiteral("lstListBoxEx")))
+                : nullptr;
+    auto* longItem =
+        qobject_cast<QCheckBox*>(window.settingsSwitch(QStringLiteral("coloursLongItem")));
+    if (list && longItem) {
+        QScrollBar* bar = list->horizontalScrollBar();
+        longItem->setChecked(true);
+        check(settles([bar] { return bar->isVisible(); }),
+              QStringLiteral("Added the long item: the list shows its horizontal scroll bar"));
+        longItem->setChecked(false);
+        check(settles([bar] { return !bar->isVisible(); }),
+              QStringLiteral("Removed it: the bar is gone"));
+        longItem->setChecked(true);
+        settles([bar] { return bar->isVisible(); });
+    } else {
+        check(false, QStringLiteral("The gallery has its ListBoxEx and the Long item switch"));
+    }
 
     window.setJapanese(true);
     say(QStringLiteral("Switched the locale to Japanese: LocaleID %1")

@@ -29,6 +29,7 @@
 #include "corvex/library/form_file.h"
 #include "corvex/library/ini_file.h"
 #include "corvex/lists/drop_down_combo.h"
+#include "corvex/lists/list_box_ex.h"
 #include "corvex/lists/move_list.h"
 #include "corvex/options/multi_option.h"
 #include "corvex/options/shadowed_line.h"
@@ -156,6 +157,15 @@ const std::vector<GalleryEntry>& galleryEntries() {
           {u"KeyName", u"packing"}},
          false,
          u"Packing (DropDownList)"},
+        {&ListBoxEx::staticClassInfo,
+         u"colours",
+         u"Lists",
+         {{u"ListTexts", Variant(std::u16string(u"Red|Green|Blue|Yellow"))},
+          gallerySection,
+          {u"KeyName", u"colours"}},
+         false,
+         u"Colour (ListBoxEx)",
+         GallerySettings::LongItem},
     };
     return entries;
 }
@@ -298,6 +308,10 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
             fileNameSettings(control, group.grid, row);
             ++group.rows;
         }
+        if (entry.settings == GallerySettings::LongItem) {
+            control->setFixedHeight(96);
+            group.grid->addWidget(longItemSwitch(groupBox, control, name), row, 2, Qt::AlignTop);
+        }
         if (entry.settings == GallerySettings::Options) {
             group.grid->addWidget(optionSettings(groupBox, control, name), row, 2, Qt::AlignTop);
         }
@@ -389,6 +403,32 @@ GalleryWindow::~GalleryWindow() {
 
 qt::QtForm& GalleryWindow::form() const {
     return *d->form;
+}
+
+QCheckBox* GalleryWindow::longItemSwitch(QWidget* parent, QtControlHost* control,
+                                         const QString& name) {
+    auto* box = new QCheckBox(QStringLiteral("Long item"), parent);
+    box->setObjectName(name + QStringLiteral("LongItem"));
+    connect(box, &QCheckBox::toggled, this, [this, control](bool on) {
+        // The long item is the last one: added at index 0, which appends, and removed from
+        // the end, which makes the list measure the others again.
+        std::vector<Variant> args;
+        const char16_t* method = u"RemoveItem";
+        if (on) {
+            method = u"AddItem";
+            args = {Variant(std::u16string(kLongItem)), Variant(std::int16_t{0})};
+        } else {
+            const std::int16_t count = getProperty(*control->object(), u"ListCount").toInteger();
+            if (count == 0) return;
+            args = {Variant(static_cast<std::int16_t>(count - 1))};
+        }
+        try {
+            invoke(*control->object(), method, CallKind::Method, std::span<Variant>(args));
+        } catch (const std::exception& e) {
+            log(whatOf(e));
+        }
+    });
+    return box;
 }
 
 QWidget* GalleryWindow::optionSettings(QWidget* parent, QtControlHost* control,

@@ -41,6 +41,9 @@ enum class GallerySettings {
     /// A group of option buttons: OptionNum ("<name>OptionNum"), OptionNumPerLine
     /// ("<name>OptionNumPerLine") and OptionCaptions ("<name>OptionCaptions"), changed live.
     Options,
+    /// A check box "Long item" ("<name>LongItem") that adds a long last item to a
+    /// ListBoxEx and removes it again, so that its horizontal scroll bar comes and goes.
+    LongItem,
 };
 
 /// One control shown in the gallery.
@@ -60,6 +63,11 @@ struct GalleryEntry {
     /// The switches beside it.
     GallerySettings settings = GallerySettings::None;
 };
+
+/// The item the "Long item" switch adds to a ListBoxEx: wider than the gallery's window.
+inline constexpr const char16_t* kLongItem =
+    u"A long item that is wider than the list, so that the list shows its horizontal "
+    u"scroll bar until the item goes again";
 
 /// The controls of the gallery, in order: adding a control is adding a line here.
 const std::vector<GalleryEntry>& galleryEntries();
@@ -121,6 +129,7 @@ private:
     QWidget* numberSettings(QWidget* parent);
     void fileNameSettings(qt::QtControlHost* control, QGridLayout* grid, int row);
     QWidget* optionSettings(QWidget* parent, qt::QtControlHost* control, const QString& name);
+    QCheckBox* longItemSwitch(QWidget* parent, qt::QtControlHost* control, const QString& name);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);
     void report(const QString& message);

@@ -2,6 +2,7 @@
 
 #include "corvex/common/error.h"
 #include "corvex/common/text.h"
+#include "corvex/headless/list_box.h"
 #include "corvex/headless/option_widgets.h"
 #include "corvex/platform/command_button.h"
 #include "corvex/platform/list_box.h"
@@ -104,6 +105,9 @@ bool ofKind(const Widget& w, std::u16string_view p, Variant& out) {
             out = lb->selCount();
         else if (is(p, u"HorizontalExtent"))
             out = lb->horizontalExtent();
+        else if (auto* hl = dynamic_cast<const headless::HeadlessListBox*>(lb);
+                 hl && is(p, u"HorizontalScrollBar"))
+            out = Boolean(hl->hasHorizontalScrollBar());
         else
             return false;
     } else {

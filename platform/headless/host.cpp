@@ -86,7 +86,8 @@ FormWindowService& Site::formWindows() {
 float Site::convert(float value, ScaleMode from, ScaleMode to, bool horizontal) const {
     // The container measures in twips; the user scale of a headless surface is twips too.
     const auto unit = [&](ScaleMode m) {
-        const double t = twipsPerUnit(m, host_.twipsPerPixel(), horizontal);
+        const double t = twipsPerUnit(
+            m, horizontal ? host_.twipsPerPixelX() : host_.twipsPerPixelY(), horizontal);
         return t == 0 ? 1.0 : t;
     };
     return static_cast<float>(value * unit(from) / unit(to));

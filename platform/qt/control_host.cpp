@@ -15,6 +15,7 @@
 #include "corvex/qt/convert.h"
 #include "corvex/qt/host.h"
 #include "corvex/qt/option_widgets.h"
+#include "corvex/qt/text_measure.h"
 #include "corvex/qt/widgets.h"
 
 namespace corvex::qt {
@@ -365,6 +366,10 @@ FileSystem& QtControlHost::fileSystem() {
 
 FileDialogService& QtControlHost::fileDialogs() {
     return d->host.fileDialogs();
+}
+
+TextMeasurer& QtControlHost::textMeasurer() {
+    return fontMetricsMeasurer();
 }
 
 Application& QtControlHost::application() {

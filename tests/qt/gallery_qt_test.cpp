@@ -11,8 +11,10 @@
 #include <QFile>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -145,6 +147,23 @@ TEST_F(GalleryQt, shouldShowThePairOfListControlsWithTheirDesignLists) {
     EXPECT_EQ(invoke(*control("fruit")->object(), u"ItemData", CallKind::Get, {&index, 1}).toLong(),
               30);
     EXPECT_EQ(value("packing"), u"1") << "the default index is selected on load";
+}
+
+TEST_F(GalleryQt, shouldShowAndHideTheListsHorizontalBarWithTheLongItemSwitch) {
+    auto* list =
+        qobject_cast<QListWidget*>(control("colours")->innerWidget(QStringLiteral("lstListBoxEx")));
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(list->count(), 4);
+    EXPECT_FALSE(list->horizontalScrollBar()->isVisible());
+    auto* longItem = setting<QCheckBox>("coloursLongItem");
+    ASSERT_NE(longItem, nullptr);
+    longItem->click();
+    ASSERT_EQ(list->count(), 5);
+    EXPECT_EQ(list->item(4)->text(), toQString(gallery::kLongItem));
+    EXPECT_TRUE(waitUntil([list] { return list->horizontalScrollBar()->isVisible(); }));
+    longItem->click();
+    EXPECT_EQ(list->count(), 4);
+    EXPECT_TRUE(waitUntil([list] { return !list->horizontalScrollBar()->isVisible(); }));
 }
 
 TEST_F(GalleryQt, shouldReportAMissingValuesFile) {

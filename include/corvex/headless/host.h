@@ -78,13 +78,21 @@ public:
     /// The INI files and settings store of the controls (folders from the environment).
     posix::ProfileFiles& profiles() { return profiles_; }
 
-    /// Twips per screen pixel (15, a 96 dpi screen).
-    double twipsPerPixel() const { return 15; }
+    /// Twips per screen pixel horizontally (15 at first, a 96 dpi screen).
+    double twipsPerPixel() const { return twipsPerPixelX_; }
+    /// Sets the screen's twips per pixel in each direction (a screen whose pixels are not
+    /// square); both must be above 0.
+    void setTwipsPerPixel(double x, double y) {
+        if (x > 0 && y > 0) {
+            twipsPerPixelX_ = x;
+            twipsPerPixelY_ = y;
+        }
+    }
 
     float width() const override { return screenWidth_; }
     float height() const override { return screenHeight_; }
     double twipsPerPixelX() const override { return twipsPerPixel(); }
-    double twipsPerPixelY() const override { return twipsPerPixel(); }
+    double twipsPerPixelY() const override { return twipsPerPixelY_; }
     /// Sets the screen's size in twips (1920 x 1080 pixels at first).
     void setScreenSize(float width, float height) {
         screenWidth_ = width;
@@ -117,6 +125,8 @@ private:
     posix::ProfileFiles profiles_;
     float screenWidth_ = 28800;
     float screenHeight_ = 16200;
+    double twipsPerPixelX_ = 15;
+    double twipsPerPixelY_ = 15;
     FileSystem* fileSystem_ = nullptr;
     ScriptedFileDialogs fileDialogs_;
     std::unique_ptr<HeadlessFormWindows> formWindows_;

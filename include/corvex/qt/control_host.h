@@ -140,6 +140,8 @@ public:
     FileSystem& fileSystem() override;
     /// The host's QFileDialog-based open and save dialogs.
     FileDialogService& fileDialogs() override;
+    /// Text widths from the font metrics of the font a widget draws with.
+    TextMeasurer& textMeasurer() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;
