@@ -93,32 +93,76 @@ TEST(ClassTable, shouldDescribeEveryPublicEnumerationWithItsPublishedNamesAndVal
                   {u"NoCheck", 0}, {u"FileOnly", 1}, {u"FolderOnly", 2}, {u"FileAndFolder", 3}}));
 }
 
+// Every event interface as published: names in dispatch order, numbered from 1.
+TEST(ClassTable, shouldNumberEveryEventInterfaceAsPublished) {
+    using Names = std::vector<std::u16string>;
+    const Names lifecycle = {u"InitProperties", u"ReadProperties", u"WriteProperties"};
+    const auto with = [&](Names names, const Names& more) {
+        names.insert(names.end(), more.begin(), more.end());
+        return names;
+    };
+    const Names text = {u"Change", u"Click",     u"DblClick",  u"KeyDown", u"KeyPress",
+                        u"KeyUp",  u"MouseDown", u"MouseMove", u"MouseUp"};
+    const Names list = {u"Click", u"DblClick",  u"KeyDown",   u"KeyPress",
+                        u"KeyUp", u"MouseDown", u"MouseMove", u"MouseUp"};
+    const std::map<std::u16string, Names> expected = {
+        {u"BooleanBox", with({u"DblClick", u"Click", u"KeyDown", u"KeyPress", u"KeyUp",
+                              u"MouseDown", u"MouseMove", u"MouseUp", u"Resize"},
+                             lifecycle)},
+        {u"NumInputBox", with(text, lifecycle)},
+        {u"NumInputBoxR", with(text, lifecycle)},
+        {u"MemoBox", with(text, lifecycle)},
+        {u"MultiOption", with(text, lifecycle)},
+        {u"FileNameBox", with(with(text, {u"OLEDragDrop"}), lifecycle)},
+        {u"DropDownCombo", with(with(text, {u"Scroll"}), lifecycle)},
+        {u"DropDownList", with(with(text, {u"Scroll"}), lifecycle)},
+        {u"ListBoxEx", with(with(list, {u"ItemCheck"}), lifecycle)},
+        {u"SingleOption", with(list, lifecycle)},
+        {u"FileDialogBox", lifecycle},
+        {u"FormHandle", lifecycle},
+        {u"MessageBox", lifecycle},
+        {u"MoveList", lifecycle},
+        {u"ShadowedLine", lifecycle},
+        {u"SettingHandle", {}},
+        {u"ppgFILEDLG1", {}},
+        {u"ppgFILEDLG2", {}},
+        {u"ppgFILEDLG3", {}},
+        {u"ppgFILEDLG4", {}},
+        {u"ppgMSGBOX", {}}};
+    ASSERT_EQ(expected.size(), publicClasses().size());
+    for (const ClassInfo* c : publicClasses()) {
+        const auto it = expected.find(c->name());
+        ASSERT_NE(it, expected.end()) << toUtf8(c->name());
+        Names names;
+        for (std::size_t i = 0; i < c->events().size(); ++i) {
+            names.push_back(c->events()[i].name);
+            EXPECT_EQ(c->events()[i].dispId, static_cast<int>(i) + 1) << toUtf8(c->name());
+        }
+        EXPECT_EQ(names, it->second) << toUtf8(c->name());
+        // The last three are declared and never raised.
+        for (std::size_t i = names.size() >= 3 ? names.size() - 3 : 0; i < names.size(); ++i) {
+            EXPECT_FALSE(c->events()[i].raised) << toUtf8(c->name() + u"." + names[i]);
+        }
+    }
+}
+
 TEST(ClassTable, shouldPublishTheClassesInTheirOrderWithTheirKinds) {
     std::vector<std::pair<std::u16string, ClassKind>> classes;
     for (const ClassInfo* c : publicClasses()) classes.emplace_back(c->name(), c->kind());
     using K = ClassKind;
-    EXPECT_EQ(classes, (std::vector<std::pair<std::u16string, ClassKind>>{
-                           {u"BooleanBox", K::Control},
-                           {u"NumInputBox", K::Control},
-                           {u"NumInputBoxR", K::Control},
-                           {u"MemoBox", K::Control},
-                           {u"FileNameBox", K::Control},
-                           {u"FileDialogBox", K::ServiceControl},
-                           {u"DropDownCombo", K::Control},
-                           {u"DropDownList", K::Control},
-                           {u"ListBoxEx", K::Control},
-                           {u"MoveList", K::Control},
-                           {u"MultiOption", K::Control},
-                           {u"SingleOption", K::Control},
-                           {u"ShadowedLine", K::Control},
-                           {u"SettingHandle", K::ServiceControl},
-                           {u"FormHandle", K::ServiceControl},
-                           {u"MessageBox", K::ServiceControl},
-                           {u"ppgFILEDLG1", K::PropertyPage},
-                           {u"ppgFILEDLG2", K::PropertyPage},
-                           {u"ppgFILEDLG3", K::PropertyPage},
-                           {u"ppgFILEDLG4", K::PropertyPage},
-                           {u"ppgMSGBOX", K::PropertyPage}}));
+    EXPECT_EQ(classes,
+              (std::vector<std::pair<std::u16string, ClassKind>>{
+                  {u"BooleanBox", K::Control},        {u"NumInputBox", K::Control},
+                  {u"NumInputBoxR", K::Control},      {u"MemoBox", K::Control},
+                  {u"FileNameBox", K::Control},       {u"FileDialogBox", K::ServiceControl},
+                  {u"DropDownCombo", K::Control},     {u"DropDownList", K::Control},
+                  {u"ListBoxEx", K::Control},         {u"MoveList", K::Control},
+                  {u"MultiOption", K::Control},       {u"SingleOption", K::Control},
+                  {u"ShadowedLine", K::Control},      {u"SettingHandle", K::ServiceControl},
+                  {u"FormHandle", K::ServiceControl}, {u"MessageBox", K::ServiceControl},
+                  {u"ppgFILEDLG1", K::PropertyPage},  {u"ppgFILEDLG2", K::PropertyPage},
+                  {u"ppgFILEDLG3", K::PropertyPage},  {u"ppgFILEDLG4", K::PropertyPage},
+                  {u"ppgMSGBOX", K::PropertyPage}}));
     EXPECT_EQ(findClass(u"frmFILEDLG"), nullptr) << "the notes form stays the library's own";
 }
 
