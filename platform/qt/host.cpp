@@ -126,10 +126,13 @@ protected:
 QtHost::QtHost()
     : files_(std::make_unique<posix::PosixFileSystem>()),
       dialogs_(std::make_unique<QtFileDialogs>(
-          [this]() -> const posix::DriveMap& { return files_->driveMap(); })) {
+          [this]() -> const posix::DriveMap& { return files_->driveMap(); })),
+      windows_(std::make_unique<QtFormWindows>(*this)) {
     // INI files named the Windows way lie where the drive map puts them.
     profiles_.setWindowsNameMapper(
         [this](std::u16string_view name) { return files_->nativePathFor(name); });
+    // The dialogs' own questions follow the controls' language.
+    dialogs_->japanese = [this] { return localeId() == LocaleJapanese; };
 }
 QtHost::~QtHost() = default;
 
