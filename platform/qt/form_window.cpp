@@ -46,6 +46,7 @@ public:
         if (event->type() == QEvent::Close && window) {
             QtFormWindow* w = window;
             window = nullptr;
+            w->inCloseEvent_ = true;
             w->closedByUser();  // may destroy w
         }
         return false;
@@ -70,12 +71,17 @@ QtFormWindow::QtFormWindow(QtHost& host, QtFormWindows& service, const FormWindo
 
 QtFormWindow::~QtFormWindow() {
     if (service_) std::erase(service_->windows_, this);
-    // Nothing of the Qt window calls back from here on. It goes once Qt has finished the
-    // event it may be delivering now (a close from its own window box).
+    // Nothing of the Qt window calls back from here on.
     if (auto* watcher = surface_->findChild<Watcher*>()) watcher->window = nullptr;
     static_cast<Layout&>(surface_->control()).window = nullptr;
     surface_->hide();
-    surface_->deleteLater();
+    // Closed from its own window box, the Qt window is still delivering that close: it goes
+    // once Qt has finished. Otherwise it goes now.
+    if (inCloseEvent_) {
+        surface_->deleteLater();
+    } else {
+        delete surface_;
+    }
 }
 
 WidgetFactory& QtFormWindow::widgets() {

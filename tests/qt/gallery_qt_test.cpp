@@ -419,6 +419,7 @@ TEST_F(GalleryQt, shouldSwitchTheFileNameModeAndShowTheNamesPartsAsTyped) {
 class GalleryFileDialogQt : public GalleryQt {
 protected:
     GalleryFileDialogQt() {
+        workingFolder = QDir::currentPath();
         const std::string root = folder.path().toStdString();
         std::filesystem::create_directories(root + "/docs");
         std::ofstream(root + "/docs/a.txt") << "x";
@@ -428,6 +429,8 @@ protected:
         letProperty(*control("fileDialog")->object(), u"InitDir", Variant(u"C:\\docs"));
     }
     ~GalleryFileDialogQt() override {
+        // A dialog moves the working folder into this test's folder, which goes with it.
+        QDir::setCurrent(workingFolder);
         host.fileDialogs().onCreated = {};
         if (QtFormWindow* notes = host.formWindows().find(u"frmFILEDLG")) notes->close();
     }
@@ -448,6 +451,7 @@ protected:
         return setting<QPushButton>((std::string("fileDialog") + suffix).c_str());
     }
     QString result() const { return setting<QLabel>("fileDialogResult")->text(); }
+    QString workingFolder;
 };
 
 TEST_F(GalleryFileDialogQt, shouldShowTheFileDialogBoxAsItsIconWithItsButtons) {

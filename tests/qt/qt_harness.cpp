@@ -352,8 +352,12 @@ void QtHarness::userResize(FormWindow& window, float width, float height) {
 }
 
 void QtHarness::userClose(FormWindow& window) {
-    // The close box sends the window a close event, as QWidget::close does.
-    dynamic_cast<qt::QtFormWindow&>(window).surface().close();
+    // The close box sends the window a close event, as QWidget::close does; the Qt window
+    // goes once that event is delivered.
+    QPointer<QWidget> closed(&dynamic_cast<qt::QtFormWindow&>(window).surface());
+    closed->close();
+    if (!QTest::qWaitFor([&] { return closed.isNull(); }, 10000))
+        throw std::runtime_error("the closed window was not deleted");
 }
 
 void QtHarness::pressKeyOn(Widget& widget, std::int16_t keyCode, std::int16_t shift) {

@@ -24,7 +24,8 @@ class QtFormWindow : public FormWindow {
 public:
     /// A hidden window of service made from spec.
     QtFormWindow(QtHost& host, QtFormWindows& service, const FormWindowSpec& spec);
-    /// Takes the Qt window away (later, when it is the one delivering an event now).
+    /// Takes the Qt window away: at once, or, when the user closed it with its window box,
+    /// once Qt has finished delivering that close.
     ~QtFormWindow() override;
 
     const std::u16string& name() const override { return name_; }
@@ -49,6 +50,7 @@ private:
     QtFormWindows* service_;
     QtControlHost* surface_;
     bool closing_ = false;
+    bool inCloseEvent_ = false;  // closed by its window box: Qt is delivering the close
 };
 
 /// Makes the Qt host's windows and knows the ones open. Every window still open when the
