@@ -5,19 +5,25 @@
 #include <QComboBox>
 #include <QDoubleSpinBox>
 #include <QElapsedTimer>
+#include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QPixmap>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QStyle>
 #include <QStyleOptionButton>
 #include <QTextStream>
+#include <QTimer>
 
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
+#include "corvex/qt/form_window.h"
 #include "corvex/qt/host.h"
 #include "gallery_window.h"
 
@@ -55,6 +61,28 @@ void typeInto(QWidget* widget, const QString& text) {
     }
 }
 
+// The gallery beside the notes form, as they stand on a screen: the form under a strip
+// with its caption, since a grab shows no title bar.
+QPixmap besideEachOther(QWidget& main, QWidget* notes) {
+    const QPixmap left = main.grab();
+    if (!notes) return left;
+    const QPixmap right = notes->grab();
+    const int gap = 16;
+    const int strip = 24;
+    QPixmap both(left.width() + gap + right.width(),
+                 std::max(left.height(), right.height() + strip));
+    both.fill(main.palette().color(QPalette::Window));
+    QPainter painter(&both);
+    painter.drawPixmap(0, 0, left);
+    const QRect title(left.width() + gap, 0, right.width(), strip);
+    painter.fillRect(title, main.palette().color(QPalette::Highlight));
+    painter.setPen(main.palette().color(QPalette::HighlightedText));
+    painter.drawText(title.adjusted(6, 0, 0, 0), Qt::AlignVCenter | Qt::AlignLeft,
+                     notes->windowTitle());
+    painter.drawPixmap(left.width() + gap, strip, right);
+    return both;
+}
+
 QString valueOf(qt::QtControlHost* control) {
     return qt::toQString(getProperty(*control->object(), u"Value").toString());
 }
@@ -81,6 +109,8 @@ bool settles(Condition condition) {
 }  // namespace
 
 int runDemo(GalleryWindow& window, const QString& screenshotPath) {
+    // Taken now: the open dialog moves the working folder, as the system's does.
+    const QString path = QFileInfo(screenshotPath).absoluteFilePath();
     QTextStream out(stdout);
     int failures = 0;
     const auto say = [&](const QString& line) { out << line << Qt::endl; };
@@ -233,12 +263,42 @@ int runDemo(GalleryWindow& window, const QString& screenshotPath) {
             .arg(window.form().host().localeId()));
     if (window.form().host().localeId() != LocaleJapanese) ++failures;
 
+    // The file dialog: Open... with the values file chosen in the dialog, as a user
+    // chooses it, then the notes form.
+    qt::QtHost& host = window.form().host();
+    auto* open =
+        qobject_cast<QPushButton*>(window.settingsSwitch(QStringLiteral("fileDialogOpen")));
+    auto* about =
+        qobject_cast<QPushButton*>(window.settingsSwitch(QStringLiteral("fileDialogAbout")));
+    auto* result = qobject_cast<QLabel*>(window.settingsSwitch(QStringLiteral("fileDialogResult")));
+    if (!open || !about || !result) {
+        say(QStringLiteral("FAILED: the gallery lacks its file dialog buttons"));
+        return 1;
+    }
+    const QString chosenFile = window.valuesFile();
+    host.fileDialogs().onCreated = [chosenFile](QFileDialog& dialog) {
+        QTimer::singleShot(0, &dialog, [&dialog, chosenFile] {
+            dialog.selectFile(chosenFile);
+            static_cast<QDialog&>(dialog).accept();  // as the Open button does
+        });
+    };
+    open->click();
+    host.fileDialogs().onCreated = {};
+    const std::u16string windowsName = host.droppedName(chosenFile.toStdString());
+    check(result->text() == QStringLiteral("FileOpen: ") + qt::toQString(windowsName),
+          QStringLiteral("Chose the values file in the open dialog: ") + result->text());
+    about->click();
+    qt::QtFormWindow* notesForm = host.formWindows().find(u"frmFILEDLG");
+    QWidget* notesWindow = notesForm ? &notesForm->surface() : nullptr;
+    check(notesWindow && notesWindow->isVisible(),
+          QStringLiteral("Showed the notes form with About (ShowAbout)"));
+    if (notesWindow) notesWindow->resize(440, 560);
+
     QApplication::processEvents();
     say(window.valuesText());
     QObject::disconnect(logging);
 
-    const QString path = QFileInfo(screenshotPath).absoluteFilePath();
-    if (!window.grab().save(path, "PNG")) {
+    if (!besideEachOther(window, notesWindow).save(path, "PNG")) {
         say(QStringLiteral("FAILED: could not write the screenshot to ") + path);
         return 1;
     }

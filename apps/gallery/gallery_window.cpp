@@ -25,6 +25,7 @@
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
+#include "corvex/files/file_dialog_box.h"
 #include "corvex/files/file_name_box.h"
 #include "corvex/library/form_file.h"
 #include "corvex/library/ini_file.h"
@@ -40,7 +41,9 @@
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
 #include "corvex/qt/host.h"
+#include "corvex/qt/property_dialog.h"
 #include "corvex/services/setting_handle.h"
+#include "filedlg_designer.h"
 #include "msgbox_designer.h"
 
 namespace corvex::gallery {
@@ -166,6 +169,17 @@ const std::vector<GalleryEntry>& galleryEntries() {
          false,
          u"Colour (ListBoxEx)",
          GallerySettings::LongItem},
+        // A service control: the form shows its icon; the buttons beside it try it.
+        {&FileDialogBox::staticClassInfo,
+         u"fileDialog",
+         u"File dialogs",
+         {{u"Filter", u"Text (*.txt)|*.txt|All (*.*)|*.*"},
+          {u"FilterIndex", std::int16_t{1}},
+          {u"DefaultExt", u"txt"},
+          {u"OverwritePrompt", true}},
+         false,
+         u"FileDialogBox",
+         GallerySettings::FileDialog},
     };
     return entries;
 }
@@ -219,6 +233,8 @@ struct GalleryWindow::Private {
     // and drops the oldest block itself once it holds kLogLimit.
     QPlainTextEdit* events = nullptr;
     std::deque<QString> logLines;
+    // The property pages run in a designer, on a host of their own.
+    std::unique_ptr<qt::QtHost> designHost;
 
     explicit Private(qt::QtHost& h) : host(h) {}
 };
@@ -312,6 +328,12 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
             control->setFixedHeight(96);
             group.grid->addWidget(longItemSwitch(groupBox, control, name), row, 2, Qt::AlignTop);
         }
+        if (entry.settings == GallerySettings::FileDialog) {
+            // The icon keeps its own size.
+            control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+            fileDialogSettings(control, group.grid, row);
+            ++group.rows;
+        }
         if (entry.settings == GallerySettings::Options) {
             group.grid->addWidget(optionSettings(groupBox, control, name), row, 2, Qt::AlignTop);
         }
@@ -397,6 +419,8 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
 
 GalleryWindow::~GalleryWindow() {
     d->host.setErrorHandler({});
+    // Property dialogs still open go while the design host their pages sit on is there.
+    qDeleteAll(findChildren<qt::PropertyDialog*>());
     // The controls go before the widgets around them.
     d->form.reset();
 }
@@ -584,6 +608,79 @@ void GalleryWindow::fileNameSettings(QtControlHost* control, QGridLayout* grid, 
                 if (event == QLatin1String("Change")) show();
             });
     show();
+}
+
+void GalleryWindow::fileDialogSettings(QtControlHost* control, QGridLayout* grid, int row) {
+    QWidget* parent = grid->parentWidget();
+    const QString name = control->objectName();
+    auto* panel = new QWidget(parent);
+    auto* buttons = new QHBoxLayout(panel);
+    buttons->setContentsMargins(0, 0, 0, 0);
+    const auto addButton = [&](const QString& text, const QString& suffix, auto action) {
+        auto* b = new QPushButton(text, panel);
+        b->setObjectName(name + suffix);
+        connect(b, &QPushButton::clicked, this, action);
+        buttons->addWidget(b);
+    };
+    addButton(QStringLiteral("Open..."), QStringLiteral("Open"),
+              [this, control] { runFileDialog(control, false); });
+    addButton(QStringLiteral("Save..."), QStringLiteral("Save"),
+              [this, control] { runFileDialog(control, true); });
+    addButton(QStringLiteral("About"), QStringLiteral("About"), [this, control, name] {
+        try {
+            invoke(*control->object(), u"ShowAbout", CallKind::Method);
+            log(name + QStringLiteral(".ShowAbout"));
+        } catch (const Error& e) {
+            log(name + QStringLiteral(".ShowAbout: ") + whatOf(e));
+        }
+    });
+    addButton(QStringLiteral("Properties..."), QStringLiteral("Properties"), [this, control] {
+        auto* dialog = openFileDialogPages(designHost(), control->object(), this);
+        // What Apply changed shows in the value line and the result at once.
+        connect(dialog, &QDialog::finished, this, [this] { d->values->setText(valuesText()); });
+    });
+    buttons->addStretch(1);
+    grid->addWidget(panel, row, 2, Qt::AlignVCenter);
+    auto* result = new QLabel(QStringLiteral("No file chosen yet"), parent);
+    result->setObjectName(name + QStringLiteral("Result"));
+    result->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    grid->addWidget(result, row + 1, 1, 1, 2);
+}
+
+void GalleryWindow::runFileDialog(QtControlHost* control, bool save) {
+    const QString name = control->objectName();
+    const QString method = save ? QStringLiteral("FileSave") : QStringLiteral("FileOpen");
+    auto* result = findChild<QLabel*>(name + QStringLiteral("Result"));
+    Object& box = *control->object();
+    try {
+        // Each button tries its own dialog: the mode follows the button.
+        letProperty(box, u"Mode", Variant(std::int32_t{save ? 1 : 0}));
+        const std::u16string chosen =
+            invoke(box, method.toStdU16String(), CallKind::Method).toString();
+        QString shown;
+        if (getProperty(box, u"CancelSelected").toBoolean().raw != 0) {
+            shown = QStringLiteral("%1: cancelled").arg(method);
+        } else {
+            // Several names come as the folder and the names separated by NULs.
+            shown = QStringLiteral("%1: %2").arg(
+                method, toQString(chosen).replace(QChar(u'\0'), QStringLiteral(" | ")));
+        }
+        if (result) result->setText(shown);
+        log(name + QLatin1Char('.') + shown);
+    } catch (const Error& e) {
+        if (result) result->setText(method + QStringLiteral(": ") + whatOf(e));
+        log(name + QLatin1Char('.') + method + QStringLiteral(": ") + whatOf(e));
+    }
+    d->values->setText(valuesText());
+}
+
+qt::QtHost& GalleryWindow::designHost() const {
+    if (!d->designHost) {
+        d->designHost = std::make_unique<qt::QtHost>();
+        d->designHost->setUserMode(false);
+        d->designHost->setLocaleId(d->host.localeId());
+    }
+    return *d->designHost;
 }
 
 void GalleryWindow::letControlProperty(QtControlHost* control, std::u16string_view name,

@@ -44,6 +44,10 @@ enum class GallerySettings {
     /// A check box "Long item" ("<name>LongItem") that adds a long last item to a
     /// ListBoxEx and removes it again, so that its horizontal scroll bar comes and goes.
     LongItem,
+    /// Buttons that try a FileDialogBox: "<name>Open" (FileOpen), "<name>Save" (FileSave),
+    /// "<name>About" (ShowAbout) and "<name>Properties" (its four pages in a tabbed
+    /// property dialog); the chosen name or the cancel shows in "<name>Result" and the log.
+    FileDialog,
 };
 
 /// One control shown in the gallery.
@@ -89,6 +93,8 @@ public:
     QCheckBox* enableSwitch(const QString& name) const;
     /// The settings switch with the given object name (see GallerySettings), or null.
     QWidget* settingsSwitch(const QString& objectName) const;
+    /// The host in design mode that property dialogs opened from the gallery run on.
+    qt::QtHost& designHost() const;
 
     /// The INI file that Save values and Load values use through the form's SettingHandle
     /// (corvex-gallery.ini in the INI folder unless another was set), as a native path.
@@ -130,6 +136,8 @@ private:
     void fileNameSettings(qt::QtControlHost* control, QGridLayout* grid, int row);
     QWidget* optionSettings(QWidget* parent, qt::QtControlHost* control, const QString& name);
     QCheckBox* longItemSwitch(QWidget* parent, qt::QtControlHost* control, const QString& name);
+    void fileDialogSettings(qt::QtControlHost* control, QGridLayout* grid, int row);
+    void runFileDialog(qt::QtControlHost* control, bool save);
     void letControlProperty(qt::QtControlHost* control, std::u16string_view name,
                             const Variant& value);
     void report(const QString& message);

@@ -126,7 +126,7 @@ DialogAnswer DialogRecord::readBack() const {
     a.filterIndex = static_cast<std::int16_t>(r.filterIndex);
     const std::size_t n = boundedLength(r.file, fileCapacity);
     std::size_t end = n;
-    if ((d->flags & 0x200) && n < r.fileOffset) {
+    if ((d->flags & ofn::AllowMultiSelect) && n < r.fileOffset) {
         // Explorer-style multi-selection: the folder and the names, each ending in a NUL,
         // the list ending in two; everything up to that pair is kept.
         end = n;

@@ -1,6 +1,7 @@
 #include "corvex/qt/control_host.h"
 
 #include <QMouseEvent>
+#include <QPainter>
 #include <QResizeEvent>
 #include <QShowEvent>
 #include <QStringList>
@@ -17,6 +18,7 @@
 #include "corvex/qt/option_widgets.h"
 #include "corvex/qt/text_measure.h"
 #include "corvex/qt/widgets.h"
+#include "service_icon.h"
 
 namespace corvex::qt {
 
@@ -224,6 +226,8 @@ QtControlHost::QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent
         d->object.reset();
         throw Error(err::TypeMismatch, cls.name() + u" is not a control");
     }
+    // An icon alone says little: its class name tells what it is.
+    if (cls.kind() == ClassKind::ServiceControl) setToolTip(toQString(cls.name()));
 }
 
 QtControlHost::~QtControlHost() {
@@ -372,6 +376,10 @@ TextMeasurer& QtControlHost::textMeasurer() {
     return fontMetricsMeasurer();
 }
 
+FormWindowService& QtControlHost::formWindows() {
+    return d->host.formWindows();
+}
+
 Application& QtControlHost::application() {
     return d->host;
 }
@@ -426,6 +434,14 @@ void QtControlHost::resizeEvent(QResizeEvent* event) {
     } catch (const std::exception& e) {
         d->host.reportError(e);
     }
+}
+
+void QtControlHost::paintEvent(QPaintEvent* event) {
+    QWidget::paintEvent(event);
+    if (d->cls.kind() != ClassKind::ServiceControl) return;
+    QPainter painter(this);
+    paintServiceIcon(painter, QRect(0, 0, QWidget::width(), QWidget::height()),
+                     toQString(d->cls.name()));
 }
 
 void QtControlHost::showEvent(QShowEvent* event) {

@@ -59,12 +59,12 @@ MessageBoxLayout messageBoxLayout(std::int32_t style) {
     // The host's boxes can be dismissed without a choice only when Cancel (or a lone OK)
     // says what that means.
     layout.escapable = layout.buttons.size() == 1 || layout.buttons.contains(QMessageBox::Cancel);
-    layout.help = (style & 0x4000) != 0;
+    layout.help = (style & mb::HelpButton) != 0;
     if (layout.help) layout.buttons.append(QMessageBox::Help);
-    layout.rightAligned = (style & 0x80000) != 0;
+    layout.rightAligned = (style & mb::RightAligned) != 0;
     // A system-modal box is kept above every other window, as the host keeps its own.
-    layout.stayOnTop = (style & 0x1000) != 0;
-    layout.foreground = (style & 0x10000) != 0;
+    layout.stayOnTop = (style & mb::SystemModal) != 0;
+    layout.foreground = (style & mb::Foreground) != 0;
     const int index = (style & 0x300) >> 8;
     layout.defaultButton =
         index < layout.buttons.size() ? layout.buttons[index] : layout.buttons[0];
@@ -126,10 +126,13 @@ protected:
 QtHost::QtHost()
     : files_(std::make_unique<posix::PosixFileSystem>()),
       dialogs_(std::make_unique<QtFileDialogs>(
-          [this]() -> const posix::DriveMap& { return files_->driveMap(); })) {
+          [this]() -> const posix::DriveMap& { return files_->driveMap(); })),
+      windows_(std::make_unique<QtFormWindows>(*this)) {
     // INI files named the Windows way lie where the drive map puts them.
     profiles_.setWindowsNameMapper(
         [this](std::u16string_view name) { return files_->nativePathFor(name); });
+    // The dialogs' own questions follow the controls' language.
+    dialogs_->japanese = [this] { return localeId() == LocaleJapanese; };
 }
 QtHost::~QtHost() = default;
 

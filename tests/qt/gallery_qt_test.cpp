@@ -9,18 +9,24 @@
 #include <QDoubleSpinBox>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QStandardPaths>
+#include <QTabWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
 #include <QTextDocument>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
 
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
@@ -28,7 +34,9 @@
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
+#include "corvex/qt/form_window.h"
 #include "corvex/qt/host.h"
+#include "corvex/qt/property_dialog.h"
 #include "gallery_window.h"
 #include "qt_test_support.h"
 #include "support/file_limits.h"
@@ -423,6 +431,110 @@ TEST_F(GalleryQt, shouldSwitchTheFileNameModeAndShowTheNamesPartsAsTyped) {
     QTest::keyClicks(edit, QStringLiteral(":"));
     EXPECT_TRUE(parts->text().startsWith(QStringLiteral("not valid")));
     EXPECT_EQ(messageBoxes, 0) << "reading the parts shows no box";
+}
+
+// The file dialog group: the FileDialogBox's icon and the buttons that try it, on a C:
+// drive of the test's own.
+class GalleryFileDialogQt : public GalleryQt {
+protected:
+    GalleryFileDialogQt() {
+        workingFolder = QDir::currentPath();
+        const std::string root = folder.path().toStdString();
+        std::filesystem::create_directories(root + "/docs");
+        std::ofstream(root + "/docs/a.txt") << "x";
+        posix::DriveMap drives;
+        drives.map(u"C:", root);
+        host.setDriveMap(drives);
+        letProperty(*control("fileDialog")->object(), u"InitDir", Variant(u"C:\\docs"));
+    }
+    ~GalleryFileDialogQt() override {
+        // A dialog moves the working folder into this test's folder, which goes with it.
+        QDir::setCurrent(workingFolder);
+        host.fileDialogs().onCreated = {};
+        if (QtFormWindow* notes = host.formWindows().find(u"frmFILEDLG")) notes->close();
+    }
+    // The next dialog takes name, or is cancelled for an empty one, once it runs.
+    void answerDialogWith(const QString& name) {
+        host.fileDialogs().onCreated = [name](QFileDialog& dialog) {
+            QTimer::singleShot(0, &dialog, [&dialog, name] {
+                if (name.isEmpty()) {
+                    static_cast<QDialog&>(dialog).reject();
+                } else {
+                    dialog.selectFile(name);
+                    static_cast<QDialog&>(dialog).accept();
+                }
+            });
+        };
+    }
+    QPushButton* button(const char* suffix) const {
+        return setting<QPushButton>((std::string("fileDialog") + suffix).c_str());
+    }
+    QString result() const { return setting<QLabel>("fileDialogResult")->text(); }
+    QString workingFolder;
+};
+
+TEST_F(GalleryFileDialogQt, shouldShowTheFileDialogBoxAsItsIconWithItsButtons) {
+    QtControlHost* box = control("fileDialog");
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->size(), box->sizeHint()) << "the icon keeps its own size";
+    EXPECT_EQ(box->toolTip(), QStringLiteral("FileDialogBox"));
+    for (const char* suffix : {"Open", "Save", "About", "Properties"}) {
+        ASSERT_NE(button(suffix), nullptr) << suffix;
+        EXPECT_TRUE(button(suffix)->isVisible()) << suffix;
+    }
+    EXPECT_EQ(result(), QStringLiteral("No file chosen yet"));
+}
+
+TEST_F(GalleryFileDialogQt, shouldShowTheChosenWindowsNameAfterOpen) {
+    answerDialogWith(folder.filePath(QStringLiteral("docs/a.txt")));
+    QTest::mouseClick(button("Open"), Qt::LeftButton);
+    EXPECT_EQ(result(), QStringLiteral("FileOpen: C:\\docs\\a.txt"));
+    EXPECT_TRUE(window.eventLog().contains(QStringLiteral("fileDialog.FileOpen: C:\\docs\\a.txt")));
+}
+
+TEST_F(GalleryFileDialogQt, shouldSaveUnderTheNameGivenWithTheDefaultExtension) {
+    answerDialogWith(folder.filePath(QStringLiteral("docs/report")));
+    QTest::mouseClick(button("Save"), Qt::LeftButton);
+    EXPECT_EQ(result(), QStringLiteral("FileSave: C:\\docs\\report.txt"));
+    EXPECT_EQ(getProperty(*control("fileDialog")->object(), u"Mode").toLong(), 1);
+}
+
+TEST_F(GalleryFileDialogQt, shouldSayWhenTheDialogWasCancelled) {
+    answerDialogWith(QString());
+    QTest::mouseClick(button("Open"), Qt::LeftButton);
+    EXPECT_EQ(result(), QStringLiteral("FileOpen: cancelled"));
+    EXPECT_TRUE(window.eventLog().contains(QStringLiteral("fileDialog.FileOpen: cancelled")));
+}
+
+TEST_F(GalleryFileDialogQt, shouldShowTheNotesFormFromAbout) {
+    QTest::mouseClick(button("About"), Qt::LeftButton);
+    QtFormWindow* notes = host.formWindows().find(u"frmFILEDLG");
+    ASSERT_NE(notes, nullptr);
+    EXPECT_TRUE(waitUntil([&] { return notes->surface().isVisible(); }));
+    EXPECT_TRUE(window.eventLog().contains(QStringLiteral("fileDialog.ShowAbout")));
+}
+
+TEST_F(GalleryFileDialogQt, shouldOpenTheFourPagesOnTheBoxAndApplyThem) {
+    QTest::mouseClick(button("Properties"), Qt::LeftButton);
+    auto* dialog = window.findChild<PropertyDialog*>();
+    ASSERT_NE(dialog, nullptr);
+    EXPECT_TRUE(waitUntil([&] { return dialog->isVisible(); }));
+    ASSERT_EQ(dialog->tabs()->count(), 4);
+    auto* filter =
+        qobject_cast<QLineEdit*>(dialog->pageHost(0)->innerWidget(QStringLiteral("txtFilter")));
+    ASSERT_NE(filter, nullptr);
+    EXPECT_EQ(filter->text(), QStringLiteral("Text (*.txt)|*.txt|All (*.*)|*.*"))
+        << "the pages read the gallery's own box";
+    auto* title = qobject_cast<QLineEdit*>(
+        dialog->pageHost(2)->innerWidget(QStringLiteral("txtDialogTitle")));
+    ASSERT_NE(title, nullptr);
+    title->setFocus();
+    QTest::keyClicks(title, QStringLiteral("Pick one"));
+    ASSERT_TRUE(dialog->applyButton()->isEnabled());
+    QTest::mouseClick(dialog->applyButton(), Qt::LeftButton);
+    EXPECT_EQ(getProperty(*control("fileDialog")->object(), u"DialogTitle").toString(),
+              u"Pick one");
+    dialog->close();
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <stdexcept>
 
 #include "corvex/qt/convert.h"
+#include "corvex/qt/form_window.h"
 #include "corvex/qt/widgets.h"
 
 namespace corvex::testing {
@@ -330,6 +331,33 @@ void QtHarness::typeInto(Widget& widget, const std::u16string& text) {
 
 void QtHarness::pressKey(const std::u16string& control, std::int16_t keyCode, std::int16_t shift) {
     pressKeyOn(keyTarget(control), keyCode, shift);
+}
+
+FormWindow* QtHarness::formWindow(const std::u16string& name) {
+    return host_.formWindows().find(name);
+}
+
+bool QtHarness::windowShown(FormWindow& window) {
+    return dynamic_cast<qt::QtFormWindow&>(window).surface().isVisible();
+}
+
+void QtHarness::userResize(FormWindow& window, float width, float height) {
+    qt::QtControlHost& w = dynamic_cast<qt::QtFormWindow&>(window).surface();
+    const QSize size(static_cast<int>(std::lround(width / w.twipsPerPixelX())),
+                     static_cast<int>(std::lround(height / w.twipsPerPixelY())));
+    // As a drag of the frame: the window system gives the new size to the widget.
+    w.resize(size);
+    if (!QTest::qWaitFor([&] { return w.size() == size; }, 10000))
+        throw std::runtime_error("the window did not take its new size");
+}
+
+void QtHarness::userClose(FormWindow& window) {
+    // The close box sends the window a close event, as QWidget::close does; the Qt window
+    // goes once that event is delivered.
+    QPointer<QWidget> closed(&dynamic_cast<qt::QtFormWindow&>(window).surface());
+    closed->close();
+    if (!QTest::qWaitFor([&] { return closed.isNull(); }, 10000))
+        throw std::runtime_error("the closed window was not deleted");
 }
 
 void QtHarness::pressKeyOn(Widget& widget, std::int16_t keyCode, std::int16_t shift) {

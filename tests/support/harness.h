@@ -13,6 +13,7 @@
 
 #include "corvex/common/control.h"
 #include "corvex/common/text.h"
+#include "corvex/platform/form_window.h"
 #include "corvex/platform/message_box.h"
 #include "corvex/platform/surface.h"
 #include "corvex/platform/widgets.h"
@@ -77,6 +78,15 @@ public:
     virtual void typeInto(Widget& target, const std::u16string& text) = 0;
     /// The user presses and releases a key (no character) on one widget.
     virtual void pressKeyOn(Widget& target, std::int16_t keyCode, std::int16_t shift) = 0;
+    /// The library's own window of a design name ("frmFILEDLG") while it is open; null
+    /// when none is.
+    virtual FormWindow* formWindow(const std::u16string& name) = 0;
+    /// Whether an open window is shown on the screen.
+    virtual bool windowShown(FormWindow& window) = 0;
+    /// The user drags the window to an inner size (twips); returns once it has the size.
+    virtual void userResize(FormWindow& window, float width, float height) = 0;
+    /// The user closes the window with its close box.
+    virtual void userClose(FormWindow& window) = 0;
 };
 
 /// A named way to make a harness.

@@ -1,5 +1,7 @@
 #include "support/headless_fixture.h"
 
+#include "corvex/headless/form_windows.h"
+
 namespace corvex::testing {
 
 std::vector<std::u16string> eventNames(const std::vector<SeenEvent>& events) {
@@ -51,6 +53,24 @@ void HeadlessHarness::typeText(const std::u16string& control, const std::u16stri
 void HeadlessHarness::typeInto(Widget& target, const std::u16string& text) {
     auto& w = dynamic_cast<headless::HeadlessWidget&>(target);
     for (char16_t c : text) w.type(c);
+}
+
+FormWindow* HeadlessHarness::formWindow(const std::u16string& name) {
+    return host_.formWindows().find(name);
+}
+
+bool HeadlessHarness::windowShown(FormWindow& window) {
+    return dynamic_cast<headless::HeadlessFormWindow&>(window).visible();
+}
+
+// A headless window has no frame to drag or close box to press: the user's act is the
+// window's own.
+void HeadlessHarness::userResize(FormWindow& window, float width, float height) {
+    window.resize(width, height);
+}
+
+void HeadlessHarness::userClose(FormWindow& window) {
+    window.close();
 }
 
 void HeadlessHarness::pressKeyOn(Widget& target, std::int16_t keyCode, std::int16_t shift) {

@@ -48,6 +48,10 @@ public:
     WidgetFactory& widgets(const std::u16string& control) override { return site(control); }
     void typeInto(Widget& target, const std::u16string& text) override;
     void pressKeyOn(Widget& target, std::int16_t keyCode, std::int16_t shift) override;
+    FormWindow* formWindow(const std::u16string& name) override;
+    bool windowShown(FormWindow& window) override;
+    void userResize(FormWindow& window, float width, float height) override;
+    void userClose(FormWindow& window) override;
 
 private:
     headless::Host host_;

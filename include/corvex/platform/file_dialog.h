@@ -6,6 +6,26 @@
 
 namespace corvex {
 
+/// The dialog option bits, as the system's open and save dialogs read them.
+namespace ofn {
+inline constexpr std::int32_t ReadOnly = 0x1;                 ///< the read-only box checked
+inline constexpr std::int32_t OverwritePrompt = 0x2;          ///< ask before overwriting
+inline constexpr std::int32_t HideReadOnly = 0x4;             ///< no read-only box
+inline constexpr std::int32_t NoChangeDir = 0x8;              ///< keep the working folder
+inline constexpr std::int32_t ShowHelp = 0x10;                ///< a Help button
+inline constexpr std::int32_t NoValidate = 0x100;             ///< invalid characters allowed
+inline constexpr std::int32_t AllowMultiSelect = 0x200;       ///< several files at once
+inline constexpr std::int32_t PathMustExist = 0x800;          ///< only existing folders
+inline constexpr std::int32_t FileMustExist = 0x1000;         ///< only existing files
+inline constexpr std::int32_t CreatePrompt = 0x2000;          ///< ask before creating a file
+inline constexpr std::int32_t ShareAware = 0x4000;            ///< sharing violations ignored
+inline constexpr std::int32_t NoReadOnlyReturn = 0x8000;      ///< read-only files refused
+inline constexpr std::int32_t NoLongNames = 0x40000;          ///< short names (old style)
+inline constexpr std::int32_t Explorer = 0x80000;             ///< the Explorer-style dialog
+inline constexpr std::int32_t NoDereferenceLinks = 0x100000;  ///< shortcuts returned as such
+inline constexpr std::int32_t LongNames = 0x200000;           ///< long names (old style)
+}  // namespace ofn
+
 /// The open-file-name request in its original 76-byte layout, field for field. Text is
 /// 8-bit in the system code page (UTF-8 here); the buffers belong to the caller.
 struct FileDialogRequest {

@@ -142,6 +142,8 @@ public:
     FileDialogService& fileDialogs() override;
     /// Text widths from the font metrics of the font a widget draws with.
     TextMeasurer& textMeasurer() override;
+    /// The host's top-level windows of the library's own.
+    FormWindowService& formWindows() override;
 
     /// A QtCheckBox on this surface.
     std::unique_ptr<CheckBox> createCheckBox(const WidgetSpec& design) override;
@@ -183,6 +185,8 @@ signals:
 protected:
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
+    /// A service control shows its icon; other surfaces paint nothing of their own.
+    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

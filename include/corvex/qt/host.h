@@ -20,6 +20,7 @@
 #include "corvex/posix/file_system.h"
 #include "corvex/posix/profile_files.h"
 #include "corvex/qt/file_dialog.h"
+#include "corvex/qt/form_window.h"
 
 namespace corvex::qt {
 
@@ -109,6 +110,8 @@ public:
     posix::ProfileFiles& profiles() { return profiles_; }
     /// The open and save dialogs (QFileDialog), naming files through the drive map.
     QtFileDialogs& fileDialogs() { return *dialogs_; }
+    /// The library's own windows (the notes form), as top-level Qt windows.
+    QtFormWindows& formWindows() { return *windows_; }
 
 private:
     std::optional<std::int32_t> localeId_;
@@ -118,6 +121,9 @@ private:
     posix::ProfileFiles profiles_;
     std::unique_ptr<posix::PosixFileSystem> files_;
     std::unique_ptr<QtFileDialogs> dialogs_;
+    // Last, so that it goes first: closing the windows still open lets their owners go
+    // while the rest of the host is there.
+    std::unique_ptr<QtFormWindows> windows_;
 };
 
 }  // namespace corvex::qt
