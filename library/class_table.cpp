@@ -51,6 +51,17 @@ const std::vector<const ClassInfo*>& publicClasses() {
     return classes;
 }
 
+const char* classKindWord(ClassKind kind) {
+    switch (kind) {
+        case ClassKind::ServiceControl:
+            return "service";
+        case ClassKind::PropertyPage:
+            return "page";
+        default:
+            return "control";
+    }
+}
+
 const ClassInfo* findClass(std::u16string_view name) {
     for (const ClassInfo* c : publicClasses()) {
         if (equalsIgnoringCase(c->name(), name)) return c;

@@ -87,6 +87,18 @@ struct Block {
         keys.emplace(foldName(keyName(lines[i].text)), i);
         lastKey = i;
     }
+    void reindex() {
+        keys.clear();
+        lastKey = 0;
+        for (size_t i = 0; i < lines.size(); ++i) index(i);
+    }
+    // Only its header and blank lines are left.
+    bool bare() const {
+        for (size_t i = 1; i < lines.size(); ++i) {
+            if (kindOf(lines[i].text) != Kind::Blank) return false;
+        }
+        return true;
+    }
 };
 
 }  // namespace
@@ -142,6 +154,13 @@ struct IniDocument::Private {
             if (b->lines.empty()) continue;
             if (b->lines.back().ending.empty()) b->lines.back().ending = eol;
             return;
+        }
+    }
+
+    void reindexSections() {
+        sections.clear();
+        for (size_t b = 1; b < blocks.size(); ++b) {
+            sections.emplace(foldName(sectionName(blocks[b].lines.front().text)), b);
         }
     }
 
@@ -213,6 +232,21 @@ void IniDocument::write(std::string_view section, std::string_view key, std::str
     size_t start = eq + 1;
     while (start < text.size() && isBlank(text[start])) ++start;
     text = text.substr(0, start) + std::string(value);
+}
+
+bool IniDocument::removeKey(std::string_view section, std::string_view key) {
+    const auto s = d->sections.find(foldName(section));
+    if (s == d->sections.end()) return false;
+    Block& b = d->blocks[s->second];
+    const auto k = b.keys.find(foldName(key));
+    if (k == b.keys.end()) return false;
+    b.lines.erase(b.lines.begin() + static_cast<std::ptrdiff_t>(k->second));
+    b.reindex();
+    if (b.bare()) {
+        d->blocks.erase(d->blocks.begin() + static_cast<std::ptrdiff_t>(s->second));
+        d->reindexSections();
+    }
+    return true;
 }
 
 std::string IniDocument::bytes() const {

@@ -94,9 +94,7 @@ TEST(Identifiers, shouldListEveryClassWithItsIdentifiersInTheDocuments) {
     text << in.rdbuf();
     for (const ClassInfo* c : publicClasses()) {
         const ClassIdentifiers ids = identifiersOf(*c);
-        const char* kind = c->kind() == ClassKind::PropertyPage     ? "page"
-                           : c->kind() == ClassKind::ServiceControl ? "service"
-                                                                    : "control";
+        const char* kind = classKindWord(c->kind());
         const std::string row = "| `" + toUtf8(c->name()) + "` | " + kind + " | `" +
                                 ids.classId.text() + "` | `" + ids.interfaceId.text() + "` | `" +
                                 (ids.hasEvents ? ids.eventInterfaceId.text() : "—") + "` |";

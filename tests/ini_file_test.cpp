@@ -186,3 +186,37 @@ TEST(IniFileTest, shouldCopyADocumentAsAnIndependentOne) {
     a = b;
     EXPECT_EQ(valueOr(a, "s", "k"), "2");
 }
+
+TEST(IniFileRemoveTest, shouldRemoveAKeyAndItsSectionWhenNothingElseIsLeft) {
+    IniDocument doc("[a]\nx=1\n[b]\ny=2\nz=3\n");
+    EXPECT_TRUE(doc.removeKey("B", " y "));
+    EXPECT_EQ(doc.bytes(), "[a]\nx=1\n[b]\nz=3\n");
+    EXPECT_TRUE(doc.removeKey("b", "z"));
+    EXPECT_EQ(doc.bytes(), "[a]\nx=1\n");
+    EXPECT_EQ(doc.find("b", "z"), std::nullopt);
+    doc.write("b", "w", "4");
+    EXPECT_EQ(doc.bytes(), "[a]\nx=1\n[b]\nw=4\n");
+}
+
+TEST(IniFileRemoveTest, shouldKeepASectionThatStillHoldsACommentOrAnotherKey) {
+    IniDocument doc("[a]\n; mine\nx=1\n\n[b]\nk=v\n");
+    EXPECT_TRUE(doc.removeKey("a", "x"));
+    EXPECT_EQ(doc.bytes(), "[a]\n; mine\n\n[b]\nk=v\n");
+}
+
+TEST(IniFileRemoveTest, shouldRemoveNothingThatIsNotThere) {
+    IniDocument doc("[a]\nx=1");
+    EXPECT_FALSE(doc.removeKey("a", "y"));
+    EXPECT_FALSE(doc.removeKey("c", "x"));
+    EXPECT_EQ(doc.bytes(), "[a]\nx=1");
+}
+
+TEST(IniFileRemoveTest, shouldLetTheNextDuplicateShowOnceTheFirstIsRemoved) {
+    IniDocument doc("[a]\nx=1\nx=2\n[a]\nx=3\n");
+    EXPECT_TRUE(doc.removeKey("a", "x"));
+    EXPECT_EQ(doc.find("a", "x"), "2");
+    EXPECT_TRUE(doc.removeKey("a", "x"));
+    // The first [a] is bare now and goes; the second one is found from here on.
+    EXPECT_EQ(doc.find("a", "x"), "3");
+    EXPECT_EQ(doc.bytes(), "[a]\nx=3\n");
+}

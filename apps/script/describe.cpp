@@ -10,17 +10,6 @@ namespace corvex::script {
 
 namespace {
 
-const char* kindWord(ClassKind kind) {
-    switch (kind) {
-        case ClassKind::ServiceControl:
-            return "service";
-        case ClassKind::PropertyPage:
-            return "page";
-        default:
-            return "control";
-    }
-}
-
 const ClassInfo& publicClass(std::u16string_view name) {
     const ClassInfo* cls = findClass(name);
     if (!cls) {
@@ -34,7 +23,7 @@ const ClassInfo& publicClass(std::u16string_view name) {
 std::vector<std::string> describeClasses() {
     std::vector<std::string> lines;
     for (const ClassInfo* c : publicClasses()) {
-        lines.push_back("class " + toUtf8(c->name()) + " " + kindWord(c->kind()));
+        lines.push_back("class " + toUtf8(c->name()) + " " + classKindWord(c->kind()));
     }
     return lines;
 }

@@ -11,6 +11,10 @@ namespace corvex {
 /// The library's description of itself.
 inline constexpr const char16_t* LibraryDescription = u"Corvex Custom Controls Library 1.04";
 
+/// How a host names a class's kind: "control", "service" (an icon-only service control) or
+/// "page" (a property page).
+const char* classKindWord(ClassKind kind);
+
 /// Every public class of the library, in the order the library publishes them.
 const std::vector<const ClassInfo*>& publicClasses();
 /// A public class by name, without regard to ASCII case; null when there is none.

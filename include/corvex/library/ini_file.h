@@ -34,6 +34,9 @@ public:
     /// replaced, a new key goes at the end of its section, a new section at the end of the
     /// file. Names and value end at their first line break or NUL, as one line holds them.
     void write(std::string_view section, std::string_view key, std::string_view value);
+    /// Removes key from section (the first entry, as reads find it); the section goes too
+    /// when nothing but blank lines is left in it. Returns whether an entry was removed.
+    bool removeKey(std::string_view section, std::string_view key);
     /// The file's bytes as they now are.
     std::string bytes() const;
     /// The number of lines (the last one counts even when it has no line ending).
