@@ -1,5 +1,6 @@
 // The INI parser on arbitrary bytes: no crash, an unchanged file comes back byte for byte,
-// and writing one key changes one line (or adds the lines it needs) and reads back.
+// writing one key changes one line (or adds the lines it needs) and reads back, and
+// removing it leaves a document that reads as its own bytes do.
 #include <cstdint>
 #include <cstdlib>
 #include <string>
@@ -66,5 +67,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     corvex::IniDocument alone;
     alone.write("s", "k", value);
     check(reread.find(section, key) == corvex::IniDocument(alone.bytes()).find("s", "k"));
+
+    doc.removeKey(section, key);
+    check(doc.find(section, key) == corvex::IniDocument(doc.bytes()).find(section, key));
+
     return 0;
 }
