@@ -1,6 +1,7 @@
 #include "corvex/library/class_table.h"
 
 #include "corvex/common/boolean_box.h"
+#include "corvex/common/error.h"
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
 #include "corvex/entry/num_input_box.h"
@@ -67,6 +68,19 @@ const ClassInfo* findClass(std::u16string_view name) {
         if (equalsIgnoringCase(c->name(), name)) return c;
     }
     return nullptr;
+}
+
+std::vector<const ClassInfo*> propertyPagesOf(const ClassInfo& cls) {
+    std::vector<const ClassInfo*> pages;
+    for (const std::u16string& name : cls.propertyPages()) {
+        const ClassInfo* page = findClass(name);
+        if (!page || page->kind() != ClassKind::PropertyPage) {
+            throw Error(err::MemberNotFound,
+                        cls.name() + u" names " + name + u", which is not a public property page");
+        }
+        pages.push_back(page);
+    }
+    return pages;
 }
 
 }  // namespace corvex

@@ -17,6 +17,16 @@ void addInterface(std::vector<RegistrationEntry>& out, const Uuid& id, const std
     out.push_back({section, "Version", TypeLibraryVersion});
 }
 
+// The class identifiers of the class's property pages, in tab order, comma-separated.
+std::string pageIds(const ClassInfo& cls) {
+    std::string ids;
+    for (const ClassInfo* page : propertyPagesOf(cls)) {
+        if (!ids.empty()) ids += ",";
+        ids += identifiersOf(*page).classId.text();
+    }
+    return ids;
+}
+
 void addClass(std::vector<RegistrationEntry>& out, const ClassInfo& cls,
               std::string_view libraryPath, const std::string& typeLibrary) {
     const ClassIdentifiers ids = identifiersOf(cls);
@@ -30,6 +40,9 @@ void addClass(std::vector<RegistrationEntry>& out, const ClassInfo& cls,
     out.push_back({section, "Version", TypeLibraryVersion});
     out.push_back({section, "Interface", ids.interfaceId.text()});
     if (ids.hasEvents) out.push_back({section, "EventInterface", ids.eventInterfaceId.text()});
+    if (const std::string pages = pageIds(cls); !pages.empty()) {
+        out.push_back({section, "PropertyPages", pages});
+    }
     addInterface(out, ids.interfaceId, ids.interfaceName, typeLibrary);
     if (ids.hasEvents) {
         addInterface(out, ids.eventInterfaceId, ids.eventInterfaceName, typeLibrary);

@@ -5,7 +5,6 @@
 #include <QVBoxLayout>
 
 #include "corvex/common/error.h"
-#include "corvex/files/filedlg_pages.h"
 #include "corvex/library/class_table.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/form.h"
@@ -15,11 +14,11 @@
 namespace corvex::gallery {
 
 qt::PropertyDialog* openFileDialogPages(qt::QtHost& designHost, ObjectRef box, QWidget* parent) {
+    // The pages are those the control's class table names, in their tab order.
+    const ClassInfo& cls = box->classInfo();
     auto* dialog = new qt::PropertyDialog(
-        designHost,
-        {&FileDialogPage1::staticClassInfo(), &FileDialogPage2::staticClassInfo(),
-         &FileDialogPage3::staticClassInfo(), &FileDialogPage4::staticClassInfo()},
-        {std::move(box)}, QStringLiteral("FileDialogBox のプロパティ"), parent);
+        designHost, propertyPagesOf(cls), {std::move(box)},
+        QString::fromStdU16String(cls.name()) + QStringLiteral(" のプロパティ"), parent);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->show();
     return dialog;

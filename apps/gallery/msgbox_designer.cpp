@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "corvex/library/class_table.h"
 #include "corvex/library/memory_bag.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
@@ -42,7 +43,9 @@ MessageBoxDesigner::MessageBoxDesigner(QWidget* parent)
     boxColumn->addWidget(d->box);
     boxColumn->addStretch(1);
     row->addLayout(boxColumn);
-    d->page = d->form->addControl(MsgBoxPage::staticClassInfo(), QStringLiteral("ppgMSGBOX"), this);
+    // The page is the one the class table names for the control.
+    const ClassInfo& page = *propertyPagesOf(MessageBox::staticClassInfo()).at(0);
+    d->page = d->form->addControl(page, QString::fromStdU16String(page.name()), this);
     d->page->initNew();
     row->addWidget(d->page, 1);
     layout->addLayout(row, 1);

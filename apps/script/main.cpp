@@ -4,14 +4,13 @@
 #include <fstream>
 #include <iostream>
 
+#include "corvex/common/object.h"
+#include "corvex/library/server.h"
 #include "corvex/script/interpreter.h"
 
-int main(int argc, char** argv) {
-    std::ios::sync_with_stdio(false);
-    if (argc > 2) {
-        std::cerr << "usage: corvex-script [SCRIPT]\n";
-        return 1;
-    }
+namespace {
+
+int runScript(int argc, char** argv) {
     corvex::script::Interpreter interpreter(std::cout, std::cerr);
     if (argc == 2) {
         // A folder opens as a stream that reads nothing: it must not pass for an empty script.
@@ -28,4 +27,24 @@ int main(int argc, char** argv) {
         return interpreter.run(file);
     }
     return interpreter.run(std::cin);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::ios::sync_with_stdio(false);
+    if (argc > 2) {
+        std::cerr << "usage: corvex-script [SCRIPT]\n";
+        return 1;
+    }
+    const int status = runScript(argc, argv);
+    // Every form and object the script made has gone with the interpreter; whatever the
+    // library still holds now was leaked.
+    if (DllCanUnloadNow() != corvex::S_OK) {
+        std::cerr << "corvex-script: the library cannot unload: " << corvex::Object::liveCount()
+                  << " objects, " << corvex::liveServerObjects() << " factories or instances, "
+                  << corvex::serverLocks() << " locks are still alive\n";
+        return status == corvex::script::ExitOk ? corvex::script::ExitLeak : status;
+    }
+    return status;
 }

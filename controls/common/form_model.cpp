@@ -104,11 +104,13 @@ FormEntry& FormModel::add(ControlSite& site, std::shared_ptr<Control> control, C
     return *it;
 }
 
-FormEntry& FormModel::create(const ClassInfo& cls, ControlSite& site, ControlName name) {
+FormEntry& FormModel::adopt(std::shared_ptr<Object> object, ControlSite& site, ControlName name) {
     checkFree(name);
-    std::shared_ptr<Object> object = cls.create(site);
     auto control = std::dynamic_pointer_cast<Control>(object);
-    if (!control) throw Error(err::TypeMismatch, cls.name() + u" is not a control");
+    if (!control) {
+        throw Error(err::TypeMismatch,
+                    (object ? object->classInfo().name() : u"Nothing") + u" is not a control");
+    }
     return add(site, std::move(control), std::move(name));
 }
 

@@ -1,13 +1,36 @@
 #include "corvex/common/object.h"
 
 #include <algorithm>
+#include <atomic>
 
 #include "corvex/common/font.h"
 #include "corvex/common/text.h"
 
 namespace corvex {
 
-Object::~Object() = default;
+namespace {
+
+// Objects are made and dropped on any thread that hosts a form; the count is read by the
+// unload check.
+std::atomic<std::size_t> liveObjects{0};
+
+}  // namespace
+
+Object::Object() {
+    ++liveObjects;
+}
+
+Object::Object(const Object& other) : std::enable_shared_from_this<Object>(other) {
+    ++liveObjects;
+}
+
+Object::~Object() {
+    --liveObjects;
+}
+
+std::size_t Object::liveCount() {
+    return liveObjects.load();
+}
 
 ClassInfo::ClassInfo(std::u16string name, ClassKind kind, std::vector<MemberInfo> members,
                      std::vector<EventInfo> events, Factory factory,
@@ -19,6 +42,11 @@ ClassInfo::ClassInfo(std::u16string name, ClassKind kind, std::vector<MemberInfo
       factory_(std::move(factory)),
       defaultSize_(defaultSize),
       unpublishedSaved_(std::move(unpublishedSaved)) {}
+
+ClassInfo& ClassInfo::withPropertyPages(std::vector<std::u16string> pages) {
+    propertyPages_ = std::move(pages);
+    return *this;
+}
 
 const MemberInfo* ClassInfo::member(std::u16string_view name) const {
     for (const auto& m : members_) {

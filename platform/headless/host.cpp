@@ -4,6 +4,7 @@
 
 #include "corvex/headless/form_windows.h"
 #include "corvex/headless/option_widgets.h"
+#include "corvex/library/server.h"
 #include "corvex/platform/widget_array.h"
 
 namespace corvex::headless {
@@ -197,7 +198,7 @@ Site& HeadlessForm::place(const ClassInfo& cls, ControlName name, PropertyBag* b
     sites_.push_back(std::make_unique<Site>(host_, *this, name, w, h));
     Site& site = *sites_.back();
     try {
-        site.attach(model_.create(cls, site, std::move(name)).control);
+        site.attach(model_.adopt(createOnSite(cls, site), site, std::move(name)).control);
         model_.initialise(site, bag);
     } catch (...) {
         // The model has let the control go already; its site follows.

@@ -11,6 +11,7 @@
 #include "corvex/common/form_model.h"
 #include "corvex/common/text.h"
 #include "corvex/library/literals.h"
+#include "corvex/library/server.h"
 #include "corvex/platform/widget_array.h"
 #include "corvex/qt/combo_box.h"
 #include "corvex/qt/convert.h"
@@ -220,7 +221,7 @@ QtControlHost::QtControlHost(const ClassInfo& cls, QtHost& host, QWidget* parent
         resize(static_cast<int>(std::lround(w / twipsPerPixelX())),
                static_cast<int>(std::lround(h / twipsPerPixelY())));
     }
-    d->object = cls.create(*this);
+    d->object = createOnSite(cls, *this);
     d->control = dynamic_cast<Control*>(d->object.get());
     if (!d->control) {
         d->object.reset();

@@ -8,6 +8,7 @@
 
 #include "corvex/common/boolean_box.h"
 #include "qt_test_support.h"
+#include "support/unload_check.h"
 
 namespace corvex::qt::testing {
 namespace {
@@ -148,5 +149,6 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     QApplication::setApplicationName(QStringLiteral("corvex-qt-tests"));
     ::testing::InitGoogleTest(&argc, argv);
+    ::testing::AddGlobalTestEnvironment(new corvex::testing::UnloadCheck);
     return RUN_ALL_TESTS();
 }

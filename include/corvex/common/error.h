@@ -23,6 +23,7 @@ inline constexpr std::int32_t GetNotSupported = 394;           ///< write-only p
 inline constexpr std::int32_t ClientSiteNotAvailable = 398;    ///< the control's site has gone
 inline constexpr std::int32_t WrongArguments = 450;            ///< wrong number of arguments
 inline constexpr std::int32_t ObjectRequired = 424;            ///< an object was expected
+inline constexpr std::int32_t CannotCreateObject = 429;        ///< the class could not be created
 inline constexpr std::int32_t MemberNotFound = 438;            ///< no such property or method
 inline constexpr std::int32_t ObjectErrorBase = -2147221504;   ///< 0x80040000, default ErrBase
 }  // namespace err

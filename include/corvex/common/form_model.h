@@ -51,9 +51,9 @@ public:
     /// Keeps control, just created on site, under name (checked as checkFree does). The
     /// control is not initialised yet.
     FormEntry& add(ControlSite& site, std::shared_ptr<Control> control, ControlName name);
-    /// Creates a control of class cls on site and keeps it under name; raises 13 when the
-    /// class makes no control, 450 for a name taken.
-    FormEntry& create(const ClassInfo& cls, ControlSite& site, ControlName name);
+    /// Keeps object, just created on site (through the class factory), under name; raises 13
+    /// when it is not a control, 450 for a name taken.
+    FormEntry& adopt(std::shared_ptr<Object> object, ControlSite& site, ControlName name);
     /// Runs the lifecycle after creation on the control of site: readProperties from bag
     /// (initProperties when bag is null), then resize. A control that fails goes from the
     /// form (cut off its site, while the site still exists) and the error passes on.

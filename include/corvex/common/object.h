@@ -3,6 +3,7 @@
 // property pages and the class table all go through these tables.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -26,7 +27,15 @@ struct FontDesc;
 /// An object whose members can be reached by name through its class's table.
 class Object : public std::enable_shared_from_this<Object> {
 public:
+    /// Counts the object among the library's live objects.
+    Object();
+    /// A copy is another live object.
+    Object(const Object& other);
+    /// Assignment keeps the count: no object comes or goes.
+    Object& operator=(const Object&) = default;
     virtual ~Object();
+    /// How many objects of the library exist now (what unloading the library waits for).
+    static std::size_t liveCount();
     /// The table that declares this object's class, members and events.
     virtual const ClassInfo& classInfo() const = 0;
     /// Raises an error when the object can no longer be used (a control whose form has
@@ -172,6 +181,10 @@ public:
     /// written a second time, a look of the surface itself); their orders are places among
     /// all of the class's bag writes and reads.
     const std::vector<SavedInfo>& unpublishedSaved() const { return unpublishedSaved_; }
+    /// The names of the property pages that edit the class at design time, in tab order.
+    const std::vector<std::u16string>& propertyPages() const { return propertyPages_; }
+    /// Declares the class's property pages while its table is built.
+    ClassInfo& withPropertyPages(std::vector<std::u16string> pages);
 
 private:
     std::u16string name_;
@@ -181,6 +194,7 @@ private:
     Factory factory_;
     std::pair<float, float> defaultSize_;
     std::vector<SavedInfo> unpublishedSaved_;
+    std::vector<std::u16string> propertyPages_;
 };
 
 /// Reaches a member by name: a method call or property get returns its value, a let or

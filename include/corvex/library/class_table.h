@@ -19,5 +19,8 @@ const char* classKindWord(ClassKind kind);
 const std::vector<const ClassInfo*>& publicClasses();
 /// A public class by name, without regard to ASCII case; null when there is none.
 const ClassInfo* findClass(std::u16string_view name);
+/// The property pages a class declares, as public classes in tab order; raises 438 when a
+/// declared page is not a public property page.
+std::vector<const ClassInfo*> propertyPagesOf(const ClassInfo& cls);
 
 }  // namespace corvex

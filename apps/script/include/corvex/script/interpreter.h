@@ -23,6 +23,8 @@ inline constexpr int ExitOk = 0;
 inline constexpr int ExitIoError = 1;
 /// Exit status of a script stopped at a line that cannot be parsed.
 inline constexpr int ExitParseError = 2;
+/// Exit status when objects of the library are still alive after the script: a leak.
+inline constexpr int ExitLeak = 3;
 
 /// Runs script lines. Output lines go to out; parse errors ("line N: message") go to
 /// diagnostics. After a parse error every later line is refused.
