@@ -78,8 +78,11 @@ TEST(ClassTable, shouldGiveACommonMemberTheSameEnglishHelpInEveryClass) {
         for (const auto& m : c->members()) helps[m.name].insert(m.helpEnglish);
     }
     for (const MemberDoc& doc :
-         {common::BackColor, common::DefaultValue, common::Enabled, common::Font, common::ForeColor,
-          common::KeyName, common::SectionName, common::Refresh}) {
+         {common::Refresh, common::BackColor, common::Caption, common::DefaultValue,
+          common::Enabled, common::Font, common::ForeColor, common::IMEMode, common::KeyName,
+          common::SectionName, common::SelLength, common::SelStart, common::SelText, common::Text,
+          common::ErrBase}) {
+        ASSERT_TRUE(helps.count(doc.name)) << toUtf8(doc.name);
         EXPECT_EQ(helps[doc.name], std::set<std::u16string>{doc.helpEnglish}) << toUtf8(doc.name);
     }
 }
