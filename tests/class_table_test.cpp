@@ -46,6 +46,20 @@ TEST(ClassTable, shouldGiveEveryMemberAHelpString) {
     }
 }
 
+TEST(ClassTable, shouldGiveEveryMemberAnEnglishHelpStringBesideTheJapaneseOne) {
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) {
+            EXPECT_FALSE(m.helpEnglish.empty()) << nameOf(*c, m);
+            EXPECT_NE(m.helpEnglish, m.help) << nameOf(*c, m);
+            // An English line is plain ASCII text, a sentence ending in a full stop.
+            EXPECT_TRUE(std::all_of(m.helpEnglish.begin(), m.helpEnglish.end(), [](char16_t ch) {
+                return ch >= 0x20 && ch < 0x7f;
+            })) << nameOf(*c, m);
+            EXPECT_EQ(m.helpEnglish.back(), u'.') << nameOf(*c, m);
+        }
+    }
+}
+
 TEST(ClassTable, shouldGiveACommonMemberTheSameHelpInEveryClass) {
     std::map<std::u16string, std::set<std::u16string>> helps;
     for (const ClassInfo* c : publicClasses()) {
@@ -56,6 +70,31 @@ TEST(ClassTable, shouldGiveACommonMemberTheSameHelpInEveryClass) {
           common::KeyName, common::SectionName, common::Refresh}) {
         EXPECT_EQ(helps[doc.name], std::set<std::u16string>{doc.help}) << toUtf8(doc.name);
     }
+}
+
+TEST(ClassTable, shouldGiveACommonMemberTheSameEnglishHelpInEveryClass) {
+    std::map<std::u16string, std::set<std::u16string>> helps;
+    for (const ClassInfo* c : publicClasses()) {
+        for (const auto& m : c->members()) helps[m.name].insert(m.helpEnglish);
+    }
+    for (const MemberDoc& doc :
+         {common::Refresh, common::BackColor, common::Caption, common::DefaultValue,
+          common::Enabled, common::Font, common::ForeColor, common::IMEMode, common::KeyName,
+          common::SectionName, common::SelLength, common::SelStart, common::SelText, common::Text,
+          common::ErrBase}) {
+        ASSERT_TRUE(helps.count(doc.name)) << toUtf8(doc.name);
+        EXPECT_EQ(helps[doc.name], std::set<std::u16string>{doc.helpEnglish}) << toUtf8(doc.name);
+    }
+}
+
+TEST(ClassTable, shouldKeepEachSharedEnglishHelpOnTheMembersThatUseIt) {
+    const MemberInfo* font = NumInputBox::staticClassInfo().member(u"Font");
+    ASSERT_NE(font, nullptr);
+    EXPECT_EQ(font->helpEnglish, common::Font.helpEnglish);
+    EXPECT_EQ(font->help, common::Font.help);
+    const MemberInfo* errBase = NumInputBox::staticClassInfo().member(u"ErrBase");
+    ASSERT_NE(errBase, nullptr);
+    EXPECT_EQ(errBase->helpEnglish, u"Sets the base of the error numbers.");
 }
 
 // The published enumerations, name for name and value for value.
@@ -266,7 +305,7 @@ TEST(ClassTable, shouldPublishEveryCommonDialogConstantInOrderWithItsValue) {
     EXPECT_EQ(enumInfo<CorvexComDlg>().nameOf(32755), u"cdlCancel");
 }
 
-TEST(ClassTable, shouldNameTheEnumerationOfEveryEnumeratedProperty) {
+TEST(ClassTable, shouldNameTheEnumerationOfEveryEnumeratedPropertyAndMethodResult) {
     std::map<std::u16string, const EnumInfo*> expected = {
         {u"IMEMode", &enumInfo<CorvexIMEMode>()},
         {u"Mode", &enumInfo<InputMode>()},
@@ -277,6 +316,7 @@ TEST(ClassTable, shouldNameTheEnumerationOfEveryEnumeratedProperty) {
         {u"MessageBox.IconType", &enumInfo<MsgBoxControlIconType>()},
         {u"MessageBox.ModalType", &enumInfo<MsgBoxControlModalType>()},
         {u"MessageBox.Value", &enumInfo<MsgBoxControlAnswer>()},
+        {u"MessageBox.Show", &enumInfo<MsgBoxControlAnswer>()},
         {u"FileNameBox.Mode", &enumInfo<CheckExistsMode>()},
         {u"BorderStyle", &enumInfo<MultiOptionBorder>()},
         {u"ShadowedLine.Mode", &enumInfo<ShadowedLine_Mode>()},

@@ -794,6 +794,8 @@ struct Interpreter::Commands {
                 lines = script::describeMembers(name);
             } else if (c.word == "events") {
                 lines = script::describeEvents(name);
+            } else if (c.word == "typeinfo") {
+                lines = script::describeTypeInfo(name);
             } else {
                 lines = script::describeEnumeration(name);
             }
@@ -857,6 +859,7 @@ struct Interpreter::Commands {
             {"events",    "events CLASS",                               2, 2,    &Commands::describe},
             {"enum",      "enum NAME",                                  2, 2,    &Commands::describe},
             {"help",      "help CLASS.MEMBER",                          2, 2,    &Commands::describe},
+            {"typeinfo",  "typeinfo CLASS",                             2, 2,    &Commands::describe},
         };
         // clang-format on
         return commands;

@@ -57,44 +57,45 @@ const ClassInfo& BooleanBox::staticClassInfo() {
             .event(u"MouseUp", events::mouse())
             .event(u"Resize");
         events::addDeclaredLifecycle(ev);
-        return ClassInfo(u"BooleanBox", ClassKind::Control,
-                         MemberTable<B>()
-                             .method(u"Cls", &B::cls)
-                             .help(u"値をFalseにします。")
-                             .method(common::Refresh, &B::refresh)
-                             .method(u"Restore", &B::restore)
-                             .help(u"Storeで保存した値に戻します。")
-                             .method(u"RestoreDefault", &B::restoreDefault)
-                             .help(u"値をDefaultValueにします。")
-                             .method(u"Store", &B::store)
-                             .help(u"現在の値を保存します。")
-                             .property(common::BackColor, &B::backColor, &B::setBackColor)
-                             .saved(1, u"BackColor", color::ButtonFace)
-                             .property(common::Caption, &B::caption, &B::setCaption)
-                             .saved(2, u"Caption", kInnerName)
-                             .property(common::DefaultValue, &B::defaultValue, &B::setDefaultValue)
-                             .designTimeOnly()
-                             .saved(7, u"DefaultValue", false)
-                             .property(common::Enabled, &B::enabled, &B::setEnabled)
-                             .saved(3, u"Enabled", true)
-                             .property(common::Font, &B::font, &B::setFont)
-                             .saved(5, u"Font", ambientFontDefault)
-                             .property(common::ForeColor, &B::foreColor, &B::setForeColor)
-                             .saved(4, u"ForeColor", color::ButtonText)
-                             .property(common::KeyName, &B::keyName, &B::setKeyName)
-                             .saved(8, u"KeyName", u"")
-                             .property(common::SectionName, &B::sectionName, &B::setSectionName)
-                             .saved(9, u"SectionName", u"")
-                             .property(u"Value", &B::value, &B::setValue)
-                             .help(u"値（True/False）を設定します。")
-                             .property(u"AlwaysFalseWhenNotEnabled", &B::alwaysFalseWhenNotEnabled,
-                                       &B::setAlwaysFalseWhenNotEnabled)
-                             .help(u"使用不可のとき常にFalseを返すかどうかを設定します。")
-                             .saved(6, u"AlwaysFalseWhenNotEnabled", false)
-                             .build(),
-                         ev.build(),
-                         [](ControlSite& site) { return std::make_shared<BooleanBox>(site); },
-                         {1800, 300});
+        return ClassInfo(
+            u"BooleanBox", ClassKind::Control,
+            MemberTable<B>()
+                .method(u"Cls", &B::cls)
+                .help(u"値をFalseにします。", u"Sets the value to False.")
+                .method(common::Refresh, &B::refresh)
+                .method(u"Restore", &B::restore)
+                .help(u"Storeで保存した値に戻します。", u"Returns to the value saved by Store.")
+                .method(u"RestoreDefault", &B::restoreDefault)
+                .help(u"値をDefaultValueにします。", u"Sets the value to DefaultValue.")
+                .method(u"Store", &B::store)
+                .help(u"現在の値を保存します。", u"Saves the current value.")
+                .property(common::BackColor, &B::backColor, &B::setBackColor)
+                .saved(1, u"BackColor", color::ButtonFace)
+                .property(common::Caption, &B::caption, &B::setCaption)
+                .saved(2, u"Caption", kInnerName)
+                .property(common::DefaultValue, &B::defaultValue, &B::setDefaultValue)
+                .designTimeOnly()
+                .saved(7, u"DefaultValue", false)
+                .property(common::Enabled, &B::enabled, &B::setEnabled)
+                .saved(3, u"Enabled", true)
+                .property(common::Font, &B::font, &B::setFont)
+                .saved(5, u"Font", ambientFontDefault)
+                .property(common::ForeColor, &B::foreColor, &B::setForeColor)
+                .saved(4, u"ForeColor", color::ButtonText)
+                .property(common::KeyName, &B::keyName, &B::setKeyName)
+                .saved(8, u"KeyName", u"")
+                .property(common::SectionName, &B::sectionName, &B::setSectionName)
+                .saved(9, u"SectionName", u"")
+                .property(u"Value", &B::value, &B::setValue)
+                .help(u"値（True/False）を設定します。", u"Sets the value (True/False).")
+                .property(u"AlwaysFalseWhenNotEnabled", &B::alwaysFalseWhenNotEnabled,
+                          &B::setAlwaysFalseWhenNotEnabled)
+                .help(u"使用不可のとき常にFalseを返すかどうかを設定します。",
+                      u"Sets whether the value is always False while the control is disabled.")
+                .saved(6, u"AlwaysFalseWhenNotEnabled", false)
+                .build(),
+            ev.build(), [](ControlSite& site) { return std::make_shared<BooleanBox>(site); },
+            {1800, 300});
     }();
     return info;
 }

@@ -13,16 +13,17 @@ std::shared_ptr<VariantArray> VariantArray::make(std::vector<Variant> elements,
 }
 
 const ClassInfo& VariantArray::staticClassInfo() {
-    static const ClassInfo info(u"Array", ClassKind::Object,
-                                MemberTable<VariantArray>()
-                                    .getOnly(u"LBound", &VariantArray::lBound)
-                                    .help(u"配列の最小の添字です。")
-                                    .getOnly(u"UBound", &VariantArray::uBound)
-                                    .help(u"配列の最大の添字です。")
-                                    .property(u"Item", &VariantArray::item, &VariantArray::setItem)
-                                    .help(u"配列の要素です。")
-                                    .build(),
-                                {});
+    static const ClassInfo info(
+        u"Array", ClassKind::Object,
+        MemberTable<VariantArray>()
+            .getOnly(u"LBound", &VariantArray::lBound)
+            .help(u"配列の最小の添字です。", u"The lowest index of the array.")
+            .getOnly(u"UBound", &VariantArray::uBound)
+            .help(u"配列の最大の添字です。", u"The highest index of the array.")
+            .property(u"Item", &VariantArray::item, &VariantArray::setItem)
+            .help(u"配列の要素です。", u"An element of the array.")
+            .build(),
+        {});
     return info;
 }
 

@@ -78,102 +78,134 @@ const ClassInfo& FileDialogBox::staticClassInfo() {
                    u"FileDialogBox", ClassKind::ServiceControl,
                    MemberTable<F>()
                        .method(u"Cls", &F::cls)
-                       .help(u"ファイル名をクリアします。")
+                       .help(u"ファイル名をクリアします。", u"Clears the file name.")
                        .method(u"ShowAbout", &F::showAbout)
-                       .help(u"ダイアログのフラグについての注意を表示します。")
+                       .help(u"ダイアログのフラグについての注意を表示します。",
+                             u"Shows the notes on the dialog flags.")
                        .method(u"FileOpen", &F::fileOpen)
                        .help(u"「ファイルを開く」ダイアログを表示し、選択されたファイル名を返します"
-                             u"。")
+                             u"。",
+                             u"Shows the Open dialog and returns the chosen file name.")
                        .method(u"FileSave", &F::fileSave)
                        .help(u"「ファイルを保存」ダイアログを表示し、選択されたファイル名を返します"
-                             u"。")
+                             u"。",
+                             u"Shows the Save dialog and returns the chosen file name.")
                        .method(u"ShowOpen", &F::showOpen)
-                       .help(u"「ファイルを開く」ダイアログを表示します。")
+                       .help(u"「ファイルを開く」ダイアログを表示します。",
+                             u"Shows the Open dialog.")
                        .method(u"ShowSave", &F::showSave)
-                       .help(u"「ファイルを保存」ダイアログを表示します。")
+                       .help(u"「ファイルを保存」ダイアログを表示します。",
+                             u"Shows the Save dialog.")
                        .property(u"AllowMultiselect", &F::allowMultiselect, &F::setAllowMultiselect)
-                       .help(u"複数のファイルを選択できるかどうかを設定します。")
+                       .help(u"複数のファイルを選択できるかどうかを設定します。",
+                             u"Sets whether several files may be chosen.")
                        .saved(3, u"AllowMultiselect", false)
                        .property(u"CancelSelected", &F::cancelSelected, &F::setCancelSelected)
-                       .help(u"キャンセルが選択されたかどうかを返します。")
+                       .help(u"キャンセルが選択されたかどうかを返します。",
+                             u"Returns whether the dialog was cancelled.")
                        .property(u"CreatePrompt", &F::createPrompt, &F::setCreatePrompt)
-                       .help(u"ファイルを作成する前に確認するかどうかを設定します。")
+                       .help(u"ファイルを作成する前に確認するかどうかを設定します。",
+                             u"Sets whether to ask before a new file is created.")
                        .saved(4, u"CreatePrompt", false)
                        .property(u"DefaultExt", &F::defaultExt, &F::setDefaultExt)
-                       .help(u"既定の拡張子を設定します。")
+                       .help(u"既定の拡張子を設定します。", u"Sets the default extension.")
                        .saved(5, u"DefaultExt", u"")
                        .property(u"DialogTitle", &F::dialogTitle, &F::setDialogTitle)
-                       .help(u"ダイアログのタイトルを設定します。")
+                       .help(u"ダイアログのタイトルを設定します。",
+                             u"Sets the title of the dialog.")
                        .saved(6, u"DialogTitle", u"")
                        .property(u"Explorer", &F::explorer, &F::setExplorer)
-                       .help(u"エクスプローラ形式のダイアログを使うかどうかを設定します。")
+                       .help(u"エクスプローラ形式のダイアログを使うかどうかを設定します。",
+                             u"Sets whether the explorer-style dialog is used.")
                        .saved(7, u"Explorer", true)
                        .property(u"FileMustExist", &F::fileMustExist, &F::setFileMustExist)
-                       .help(u"存在するファイルだけを選択できるかどうかを設定します。")
+                       .help(u"存在するファイルだけを選択できるかどうかを設定します。",
+                             u"Sets whether only existing files may be chosen.")
                        .saved(8, u"FileMustExist", false)
                        .property(u"FileName", &F::fileName, &F::setFileName)
-                       .help(u"ファイル名を設定します。")
+                       .help(u"ファイル名を設定します。", u"Sets the file name.")
                        .saved(1, u"FileName", u"")
                        .getOnly(u"FileTitle", &F::fileTitle)
-                       .help(u"選択されたファイルのタイトルを返します。")
+                       .help(u"選択されたファイルのタイトルを返します。",
+                             u"Returns the title of the chosen file.")
                        .property(u"Filter", &F::filter, &F::setFilter)
-                       .help(u"ファイルの種類のフィルタを設定します。")
+                       .help(u"ファイルの種類のフィルタを設定します。",
+                             u"Sets the file-type filter.")
                        .saved(9, u"Filter", u"")
                        .property(u"FilterIndex", &F::filterIndex, &F::setFilterIndex)
-                       .help(u"既定のフィルタの番号を設定します。")
+                       .help(u"既定のフィルタの番号を設定します。",
+                             u"Sets the number of the default filter.")
                        .saved(10, u"FilterIndex", Variant(std::int16_t{0}))
                        .property(u"Flags", &F::flags, &F::setFlags)
-                       .help(u"ダイアログのフラグを設定します。")
+                       .help(u"ダイアログのフラグを設定します。", u"Sets the dialog flags.")
                        .saved(2, u"Flags", zero)
                        .getOnly(u"hDC", &F::hDC)
-                       .help(u"デバイス コンテキストのハンドルを返します。")
+                       .help(u"デバイス コンテキストのハンドルを返します。",
+                             u"Returns the device context handle.")
                        .property(u"HelpButton", &F::helpButton, &F::setHelpButton)
-                       .help(u"ヘルプボタンを表示するかどうかを設定します。")
+                       .help(u"ヘルプボタンを表示するかどうかを設定します。",
+                             u"Sets whether a Help button is shown.")
                        .saved(11, u"HelpButton", false)
                        .property(u"HideReadOnly", &F::hideReadOnly, &F::setHideReadOnly)
-                       .help(u"読み取り専用チェックボックスを隠すかどうかを設定します。")
+                       .help(u"読み取り専用チェックボックスを隠すかどうかを設定します。",
+                             u"Sets whether the read-only check box is hidden.")
                        .saved(12, u"HideReadOnly", false)
                        .property(u"hwnd", &F::hwnd, &F::setHwnd)
-                       .help(u"オーナーウィンドウのハンドルを設定します。")
+                       .help(u"オーナーウィンドウのハンドルを設定します。",
+                             u"Sets the handle of the owner window.")
                        .property(u"InitDir", &F::initDir, &F::setInitDir)
-                       .help(u"最初に表示するフォルダを設定します。")
+                       .help(u"最初に表示するフォルダを設定します。",
+                             u"Sets the folder shown first.")
                        .saved(13, u"InitDir", u"")
                        .property(u"LongNames", &F::longNames, &F::setLongNames)
-                       .help(u"長いファイル名を使うかどうかを設定します。")
+                       .help(u"長いファイル名を使うかどうかを設定します。",
+                             u"Sets whether long file names are used.")
                        .saved(14, u"LongNames", true)
                        .property(u"MaxFileSize", &F::maxFileSize, &F::setMaxFileSize)
-                       .help(u"ファイル名の最大サイズを設定します。")
+                       .help(u"ファイル名の最大サイズを設定します。",
+                             u"Sets the maximum size of the file name.")
                        .saved(15, u"MaxFileSize", Variant(std::int32_t{260}))
                        .property(u"Mode", &F::mode, &F::setMode)
-                       .help(u"「開く」と「保存」のどちらのダイアログかを設定します。")
+                       .help(u"「開く」と「保存」のどちらのダイアログかを設定します。",
+                             u"Sets whether the dialog is an Open or a Save dialog.")
                        .saved(16, u"Mode", zero)
                        .property(u"NoChangeDir", &F::noChangeDir, &F::setNoChangeDir)
-                       .help(u"カレントフォルダを変更しないかどうかを設定します。")
+                       .help(u"カレントフォルダを変更しないかどうかを設定します。",
+                             u"Sets whether the current folder is left unchanged.")
                        .saved(17, u"NoChangeDir", false)
                        .property(u"NoDereferenceLinks", &F::noDereferenceLinks,
                                  &F::setNoDereferenceLinks)
-                       .help(u"ショートカットを参照先に置き換えないかどうかを設定します。")
+                       .help(
+                           u"ショートカットを参照先に置き換えないかどうかを設定します。",
+                           u"Sets whether shortcuts are returned as they are rather than resolved.")
                        .saved(18, u"NoDereferenceLinks", false)
                        .property(u"NoLongNames", &F::noLongNames, &F::setNoLongNames)
-                       .help(u"短いファイル名を使うかどうかを設定します。")
+                       .help(u"短いファイル名を使うかどうかを設定します。",
+                             u"Sets whether short file names are used.")
                        .saved(19, u"NoLongNames", false)
                        .property(u"NoReadOnlyReturn", &F::noReadOnlyReturn, &F::setNoReadOnlyReturn)
-                       .help(u"読み取り専用ファイルを選択できないようにするかどうかを設定します。")
+                       .help(u"読み取り専用ファイルを選択できないようにするかどうかを設定します。",
+                             u"Sets whether read-only files are refused.")
                        .saved(20, u"NoReadOnlyReturn", false)
                        .property(u"NoValidate", &F::noValidate, &F::setNoValidate)
-                       .help(u"ファイル名に無効な文字を許すかどうかを設定します。")
+                       .help(u"ファイル名に無効な文字を許すかどうかを設定します。",
+                             u"Sets whether invalid characters are allowed in the file name.")
                        .saved(21, u"NoValidate", false)
                        .property(u"OverwritePrompt", &F::overwritePrompt, &F::setOverwritePrompt)
-                       .help(u"上書きする前に確認するかどうかを設定します。")
+                       .help(u"上書きする前に確認するかどうかを設定します。",
+                             u"Sets whether to ask before an existing file is overwritten.")
                        .saved(22, u"OverwritePrompt", false)
                        .property(u"PathMustExist", &F::pathMustExist, &F::setPathMustExist)
-                       .help(u"存在するパスだけを入力できるかどうかを設定します。")
+                       .help(u"存在するパスだけを入力できるかどうかを設定します。",
+                             u"Sets whether only existing paths may be entered.")
                        .saved(23, u"PathMustExist", false)
                        .property(u"ReadOnly", &F::readOnly, &F::setReadOnly)
-                       .help(u"読み取り専用チェックボックスをオンにするかどうかを設定します。")
+                       .help(u"読み取り専用チェックボックスをオンにするかどうかを設定します。",
+                             u"Sets whether the read-only check box is checked.")
                        .saved(24, u"ReadOnly", false)
                        .property(u"ShareAware", &F::shareAware, &F::setShareAware)
-                       .help(u"共有違反を無視するかどうかを設定します。")
+                       .help(u"共有違反を無視するかどうかを設定します。",
+                             u"Sets whether sharing violations are ignored.")
                        .saved(25, u"ShareAware", false)
                        .build(),
                    serviceEvents(),

@@ -128,72 +128,88 @@ const ClassInfo& MoveList::staticClassInfo() {
         using M = MoveList;
         EventTable ev;  // no events of its own: only the three declared ones
         events::addDeclaredLifecycle(ev);
-        return ClassInfo(u"MoveList", ClassKind::Control,
-                         MemberTable<M>()
-                             .method(u"LAddItem", &M::lAddItem, {u"Item", u"Index"})
-                             .help(u"左のリストに項目を追加します。")
-                             .method(u"LRemoveItem", &M::lRemoveItem, {u"Index"})
-                             .help(u"左のリストから項目を削除します。")
-                             .method(u"LClear", &M::lClear)
-                             .help(u"左のリストを空にします。")
-                             .property(u"LList", &M::lList, &M::setLList, {u"Index"})
-                             .help(u"左のリストの項目の文字列を設定します。")
-                             .property(u"LListIndex", &M::lListIndex, &M::setLListIndex)
-                             .help(u"左のリストの現在の項目の番号を設定します。")
-                             .getOnly(u"LSelCount", &M::lSelCount)
-                             .help(u"左のリストで選択されている項目の数を返します。")
-                             .getOnly(u"LListCount", &M::lListCount)
-                             .help(u"左のリストの項目の数を返します。")
-                             .property(u"LSelected", &M::lSelected, &M::setLSelected, {u"Index"})
-                             .help(u"左のリストの項目の選択状態を設定します。")
-                             .method(u"RAddItem", &M::rAddItem, {u"Item", u"Index"})
-                             .help(u"右のリストに項目を追加します。")
-                             .method(u"RRemoveItem", &M::rRemoveItem, {u"Index"})
-                             .help(u"右のリストから項目を削除します。")
-                             .method(u"RClear", &M::rClear)
-                             .help(u"右のリストを空にします。")
-                             .property(u"RList", &M::rList, &M::setRList, {u"Index"})
-                             .help(u"右のリストの項目の文字列を設定します。")
-                             .property(u"RListIndex", &M::rListIndex, &M::setRListIndex)
-                             .help(u"右のリストの現在の項目の番号を設定します。")
-                             .getOnly(u"RSelCount", &M::rSelCount)
-                             .help(u"右のリストで選択されている項目の数を返します。")
-                             .getOnly(u"RListCount", &M::rListCount)
-                             .help(u"右のリストの項目の数を返します。")
-                             .property(u"RSelected", &M::rSelected, &M::setRSelected, {u"Index"})
-                             .help(u"右のリストの項目の選択状態を設定します。")
-                             .property(u"LItemData", &M::lItemData, &M::setLItemData, {u"Index"})
-                             .help(u"左のリストの項目の数値データを設定します。")
-                             .property(u"RItemData", &M::rItemData, &M::setRItemData, {u"Index"})
-                             .help(u"右のリストの項目の数値データを設定します。")
-                             .method(u"Clear", &M::clear)
-                             .help(u"両方のリストを空にします。")
-                             .property(u"ListFont", &M::listFont, &M::setListFont)
-                             .help(u"リストのフォントを設定します。")
-                             .saved(1, u"ListFont", ambientFontDefault)
-                             .property(u"ButtonFont", &M::buttonFont, &M::setButtonFont)
-                             .help(u"ボタンのフォントを設定します。")
-                             .saved(2, u"ButtonFont", ambientFontDefault)
-                             .method(u"LSort", &M::lSort)
-                             .help(u"左のリストを並べ替えます。")
-                             .method(u"RSort", &M::rSort)
-                             .help(u"右のリストを並べ替えます。")
-                             .method(u"Sort", &M::sort)
-                             .help(u"両方のリストを並べ替えます。")
-                             .property(u"LSorted", &M::lSorted, &M::setLSorted)
-                             .help(u"左のリストに追加したときに並べ替えるかどうかを設定します。")
-                             .saved(3, u"LSorted", false)
-                             .property(u"RSorted", &M::rSorted, &M::setRSorted)
-                             .help(u"右のリストに追加したときに並べ替えるかどうかを設定します。")
-                             .saved(4, u"RSorted", false)
-                             .method(u"LAddArray", &M::lAddArray, {u"New_ItemArray"})
-                             .help(u"配列の要素を左のリストに追加します。")
-                             .method(u"RAddArray", &M::rAddArray, {u"New_ItemArray"})
-                             .help(u"配列の要素を右のリストに追加します。")
-                             .build(),
-                         ev.build(),
-                         [](ControlSite& site) { return std::make_shared<MoveList>(site); },
-                         {5400, 2400});
+        return ClassInfo(
+            u"MoveList", ClassKind::Control,
+            MemberTable<M>()
+                .method(u"LAddItem", &M::lAddItem, {u"Item", u"Index"})
+                .help(u"左のリストに項目を追加します。", u"Adds an item to the left list.")
+                .method(u"LRemoveItem", &M::lRemoveItem, {u"Index"})
+                .help(u"左のリストから項目を削除します。", u"Removes an item from the left list.")
+                .method(u"LClear", &M::lClear)
+                .help(u"左のリストを空にします。", u"Empties the left list.")
+                .property(u"LList", &M::lList, &M::setLList, {u"Index"})
+                .help(u"左のリストの項目の文字列を設定します。",
+                      u"Sets the text of an item of the left list.")
+                .property(u"LListIndex", &M::lListIndex, &M::setLListIndex)
+                .help(u"左のリストの現在の項目の番号を設定します。",
+                      u"Sets the index of the current item of the left list.")
+                .getOnly(u"LSelCount", &M::lSelCount)
+                .help(u"左のリストで選択されている項目の数を返します。",
+                      u"Returns the number of selected items of the left list.")
+                .getOnly(u"LListCount", &M::lListCount)
+                .help(u"左のリストの項目の数を返します。",
+                      u"Returns the number of items of the left list.")
+                .property(u"LSelected", &M::lSelected, &M::setLSelected, {u"Index"})
+                .help(u"左のリストの項目の選択状態を設定します。",
+                      u"Sets whether an item of the left list is selected.")
+                .method(u"RAddItem", &M::rAddItem, {u"Item", u"Index"})
+                .help(u"右のリストに項目を追加します。", u"Adds an item to the right list.")
+                .method(u"RRemoveItem", &M::rRemoveItem, {u"Index"})
+                .help(u"右のリストから項目を削除します。", u"Removes an item from the right list.")
+                .method(u"RClear", &M::rClear)
+                .help(u"右のリストを空にします。", u"Empties the right list.")
+                .property(u"RList", &M::rList, &M::setRList, {u"Index"})
+                .help(u"右のリストの項目の文字列を設定します。",
+                      u"Sets the text of an item of the right list.")
+                .property(u"RListIndex", &M::rListIndex, &M::setRListIndex)
+                .help(u"右のリストの現在の項目の番号を設定します。",
+                      u"Sets the index of the current item of the right list.")
+                .getOnly(u"RSelCount", &M::rSelCount)
+                .help(u"右のリストで選択されている項目の数を返します。",
+                      u"Returns the number of selected items of the right list.")
+                .getOnly(u"RListCount", &M::rListCount)
+                .help(u"右のリストの項目の数を返します。",
+                      u"Returns the number of items of the right list.")
+                .property(u"RSelected", &M::rSelected, &M::setRSelected, {u"Index"})
+                .help(u"右のリストの項目の選択状態を設定します。",
+                      u"Sets whether an item of the right list is selected.")
+                .property(u"LItemData", &M::lItemData, &M::setLItemData, {u"Index"})
+                .help(u"左のリストの項目の数値データを設定します。",
+                      u"Sets the data number of an item of the left list.")
+                .property(u"RItemData", &M::rItemData, &M::setRItemData, {u"Index"})
+                .help(u"右のリストの項目の数値データを設定します。",
+                      u"Sets the data number of an item of the right list.")
+                .method(u"Clear", &M::clear)
+                .help(u"両方のリストを空にします。", u"Empties both lists.")
+                .property(u"ListFont", &M::listFont, &M::setListFont)
+                .help(u"リストのフォントを設定します。", u"Sets the font of the lists.")
+                .saved(1, u"ListFont", ambientFontDefault)
+                .property(u"ButtonFont", &M::buttonFont, &M::setButtonFont)
+                .help(u"ボタンのフォントを設定します。", u"Sets the font of the buttons.")
+                .saved(2, u"ButtonFont", ambientFontDefault)
+                .method(u"LSort", &M::lSort)
+                .help(u"左のリストを並べ替えます。", u"Sorts the left list.")
+                .method(u"RSort", &M::rSort)
+                .help(u"右のリストを並べ替えます。", u"Sorts the right list.")
+                .method(u"Sort", &M::sort)
+                .help(u"両方のリストを並べ替えます。", u"Sorts both lists.")
+                .property(u"LSorted", &M::lSorted, &M::setLSorted)
+                .help(u"左のリストに追加したときに並べ替えるかどうかを設定します。",
+                      u"Sets whether the left list is sorted as items are added.")
+                .saved(3, u"LSorted", false)
+                .property(u"RSorted", &M::rSorted, &M::setRSorted)
+                .help(u"右のリストに追加したときに並べ替えるかどうかを設定します。",
+                      u"Sets whether the right list is sorted as items are added.")
+                .saved(4, u"RSorted", false)
+                .method(u"LAddArray", &M::lAddArray, {u"New_ItemArray"})
+                .help(u"配列の要素を左のリストに追加します。",
+                      u"Adds the elements of an array to the left list.")
+                .method(u"RAddArray", &M::rAddArray, {u"New_ItemArray"})
+                .help(u"配列の要素を右のリストに追加します。",
+                      u"Adds the elements of an array to the right list.")
+                .build(),
+            ev.build(), [](ControlSite& site) { return std::make_shared<MoveList>(site); },
+            {5400, 2400});
     }();
     return info;
 }

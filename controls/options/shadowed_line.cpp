@@ -49,23 +49,26 @@ const ClassInfo& ShadowedLine::staticClassInfo() {
         using L = ShadowedLine;
         EventTable ev;  // a decoration: no events of its own
         events::addDeclaredLifecycle(ev);
-        return ClassInfo(u"ShadowedLine", ClassKind::Control,
-                         MemberTable<L>()
-                             .property(u"Mode", &L::mode, &L::setMode)
-                             .help(u"線の向き（水平／垂直）を設定します。")
-                             .saved(1, u"Mode", std::int32_t{0})
-                             .property(u"X1", &L::x1, &L::setX1)
-                             .help(u"線の始点のX座標を設定します。")
-                             .property(u"X2", &L::x2, &L::setX2)
-                             .help(u"線の終点のX座標を設定します。")
-                             .property(u"Y1", &L::y1, &L::setY1)
-                             .help(u"線の始点のY座標を設定します。")
-                             .property(u"Y2", &L::y2, &L::setY2)
-                             .help(u"線の終点のY座標を設定します。")
-                             .build(),
-                         ev.build(),
-                         [](ControlSite& site) { return std::make_shared<ShadowedLine>(site); },
-                         {2400, 25});
+        return ClassInfo(
+            u"ShadowedLine", ClassKind::Control,
+            MemberTable<L>()
+                .property(u"Mode", &L::mode, &L::setMode)
+                .help(u"線の向き（水平／垂直）を設定します。",
+                      u"Sets the direction of the line (horizontal/vertical).")
+                .saved(1, u"Mode", std::int32_t{0})
+                .property(u"X1", &L::x1, &L::setX1)
+                .help(u"線の始点のX座標を設定します。",
+                      u"Sets the X coordinate of the line's start.")
+                .property(u"X2", &L::x2, &L::setX2)
+                .help(u"線の終点のX座標を設定します。", u"Sets the X coordinate of the line's end.")
+                .property(u"Y1", &L::y1, &L::setY1)
+                .help(u"線の始点のY座標を設定します。",
+                      u"Sets the Y coordinate of the line's start.")
+                .property(u"Y2", &L::y2, &L::setY2)
+                .help(u"線の終点のY座標を設定します。", u"Sets the Y coordinate of the line's end.")
+                .build(),
+            ev.build(), [](ControlSite& site) { return std::make_shared<ShadowedLine>(site); },
+            {2400, 25});
     }();
     return info;
 }

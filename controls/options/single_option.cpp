@@ -55,41 +55,41 @@ const ClassInfo& SingleOption::staticClassInfo() {
             .event(u"MouseMove", events::mouse())
             .event(u"MouseUp", events::mouse());
         events::addDeclaredLifecycle(ev);
-        return ClassInfo(u"SingleOption", ClassKind::Control,
-                         MemberTable<S>()
-                             .method(u"Cls", &S::cls)
-                             .help(u"値をFalseにします。")
-                             .method(common::Refresh, &S::refresh)
-                             .method(u"Restore", &S::restore)
-                             .help(u"Storeで保存した値に戻します。")
-                             .method(u"RestoreDefault", &S::restoreDefault)
-                             .help(u"値をDefaultValueにします。")
-                             .method(u"Store", &S::store)
-                             .help(u"現在の値を保存します。")
-                             .property(common::BackColor, &S::backColor, &S::setBackColor)
-                             .saved(1, u"BackColor", color::ButtonFace)
-                             .property(common::Caption, &S::caption, &S::setCaption)
-                             .saved(2, u"Caption", u"")
-                             .property(common::Enabled, &S::enabled, &S::setEnabled)
-                             .saved(3, u"Enabled", true)
-                             .property(common::Font, &S::font, &S::setFont)
-                             .saved(4, u"Font", ambientFontDefault)
-                             .property(common::ForeColor, &S::foreColor, &S::setForeColor)
-                             .saved(5, u"ForeColor", color::ButtonText)
-                             .property(common::DefaultValue, &S::defaultValue, &S::setDefaultValue)
-                             .designTimeOnly()
-                             .saved(7, u"DefaultValue", false)
-                             .property(common::KeyName, &S::keyName, &S::setKeyName)
-                             .saved(8, u"KeyName", u"")
-                             .property(common::SectionName, &S::sectionName, &S::setSectionName)
-                             .saved(9, u"SectionName", u"")
-                             .property(u"Value", &S::value, &S::setValue)
-                             .help(u"値（True/False）を設定します。")
-                             .saved(6, u"Value", false)
-                             .build(),
-                         ev.build(),
-                         [](ControlSite& site) { return std::make_shared<SingleOption>(site); },
-                         {1800, 300});
+        return ClassInfo(
+            u"SingleOption", ClassKind::Control,
+            MemberTable<S>()
+                .method(u"Cls", &S::cls)
+                .help(u"値をFalseにします。", u"Sets the value to False.")
+                .method(common::Refresh, &S::refresh)
+                .method(u"Restore", &S::restore)
+                .help(u"Storeで保存した値に戻します。", u"Returns to the value saved by Store.")
+                .method(u"RestoreDefault", &S::restoreDefault)
+                .help(u"値をDefaultValueにします。", u"Sets the value to DefaultValue.")
+                .method(u"Store", &S::store)
+                .help(u"現在の値を保存します。", u"Saves the current value.")
+                .property(common::BackColor, &S::backColor, &S::setBackColor)
+                .saved(1, u"BackColor", color::ButtonFace)
+                .property(common::Caption, &S::caption, &S::setCaption)
+                .saved(2, u"Caption", u"")
+                .property(common::Enabled, &S::enabled, &S::setEnabled)
+                .saved(3, u"Enabled", true)
+                .property(common::Font, &S::font, &S::setFont)
+                .saved(4, u"Font", ambientFontDefault)
+                .property(common::ForeColor, &S::foreColor, &S::setForeColor)
+                .saved(5, u"ForeColor", color::ButtonText)
+                .property(common::DefaultValue, &S::defaultValue, &S::setDefaultValue)
+                .designTimeOnly()
+                .saved(7, u"DefaultValue", false)
+                .property(common::KeyName, &S::keyName, &S::setKeyName)
+                .saved(8, u"KeyName", u"")
+                .property(common::SectionName, &S::sectionName, &S::setSectionName)
+                .saved(9, u"SectionName", u"")
+                .property(u"Value", &S::value, &S::setValue)
+                .help(u"値（True/False）を設定します。", u"Sets the value (True/False).")
+                .saved(6, u"Value", false)
+                .build(),
+            ev.build(), [](ControlSite& site) { return std::make_shared<SingleOption>(site); },
+            {1800, 300});
     }();
     return info;
 }

@@ -16,11 +16,14 @@ const ClassInfo& FormHandle::staticClassInfo() {
         return ClassInfo(u"FormHandle", ClassKind::ServiceControl,
                          MemberTable<F>()
                              .method(u"SetFormTop", &F::setFormTop, {u"Mode"})
-                             .help(u"フォームを常に手前に表示するかどうかを設定します。")
+                             .help(u"フォームを常に手前に表示するかどうかを設定します。",
+                                   u"Sets whether the form stays on top of other windows.")
                              .method(u"SetFormCenter", &F::setFormCenter)
-                             .help(u"フォームを画面の中央に移動します。")
+                             .help(u"フォームを画面の中央に移動します。",
+                                   u"Moves the form to the centre of the screen.")
                              .method(u"MoveInScreen", &F::moveInScreen, {u"lngMode"})
-                             .help(u"画面外にあるフォームを画面内に移動します。")
+                             .help(u"画面外にあるフォームを画面内に移動します。",
+                                   u"Moves a form that lies off the screen back onto it.")
                              .build(),
                          serviceEvents(),
                          [](ControlSite& site) { return std::make_shared<FormHandle>(site); },

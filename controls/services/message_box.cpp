@@ -105,54 +105,61 @@ const ClassInfo& MessageBox::staticClassInfo() {
     static const ClassInfo info = [] {
         using M = MessageBox;
         const Variant zero(std::int32_t{0});
-        return ClassInfo(u"MessageBox", ClassKind::ServiceControl,
-                         MemberTable<M>()
-                             .getOnly(u"Answer", &M::answer)
-                             .help(u"メッセージボックスを表示し、押されたボタンを返します。")
-                             .saved(13, u"Answer", zero)
-                             .property(u"ButtonType", &M::buttonType, &M::setButtonType)
-                             .help(u"表示するボタンを設定します。")
-                             .saved(1, u"ButtonType", zero)
-                             .property(u"DefaultButtonType", &M::defaultButtonType,
-                                       &M::setDefaultButtonType)
-                             .help(u"既定のボタンを設定します。")
-                             .saved(3, u"DefaultButtonType", zero)
-                             .property(u"HelpButton", &M::helpButton, &M::setHelpButton)
-                             .help(u"ヘルプボタンを表示するかどうかを設定します。")
-                             .saved(5, u"HelpButton", false)
-                             .property(u"HelpContext", &M::helpContext, &M::setHelpContext)
-                             .help(u"ヘルプのトピック番号を設定します。")
-                             .saved(12, u"HelpContext", zero)
-                             .property(u"HelpFile", &M::helpFile, &M::setHelpFile)
-                             .help(u"ヘルプファイル名を設定します。")
-                             .saved(11, u"HelpFile", u"")
-                             .property(u"IconType", &M::iconType, &M::setIconType)
-                             .help(u"表示するアイコンを設定します。")
-                             .saved(2, u"IconType", zero)
-                             .property(u"ModalType", &M::modalType, &M::setModalType)
-                             .help(u"モーダルの種類を設定します。")
-                             .saved(4, u"ModalType", zero)
-                             .property(u"Prompt", &M::prompt, &M::setPrompt)
-                             .help(u"表示するメッセージを設定します。")
-                             .saved(9, u"Prompt", u"")
-                             .property(u"SetForeGround", &M::setForeGround, &M::setSetForeGround)
-                             .help(u"メッセージボックスを前面に表示するかどうかを設定します。")
-                             .saved(6, u"SetForeGround", false)
-                             .property(u"TextRight", &M::textRight, &M::setTextRight)
-                             .help(u"メッセージを右揃えにするかどうかを設定します。")
-                             .saved(7, u"TextRight", false)
-                             .property(u"Title", &M::title, &M::setTitle)
-                             .help(u"タイトルを設定します。")
-                             .saved(10, u"Title", u"")
-                             .getOnly(u"Value", &M::value)
-                             .help(u"最後に押されたボタンを返します。")
-                             .saved(8, u"Value", zero)
-                             .method(u"Show", &M::showBox)
-                             .help(u"メッセージボックスを表示し、押されたボタンを返します。")
-                             .build(),
-                         serviceEvents(),
-                         [](ControlSite& site) { return std::make_shared<MessageBox>(site); },
-                         {ServiceIconSize, ServiceIconSize})
+        return ClassInfo(
+                   u"MessageBox", ClassKind::ServiceControl,
+                   MemberTable<M>()
+                       .getOnly(u"Answer", &M::answer)
+                       .help(u"メッセージボックスを表示し、押されたボタンを返します。",
+                             u"Shows the message box and returns the button pressed.")
+                       .saved(13, u"Answer", zero)
+                       .property(u"ButtonType", &M::buttonType, &M::setButtonType)
+                       .help(u"表示するボタンを設定します。", u"Sets the buttons shown.")
+                       .saved(1, u"ButtonType", zero)
+                       .property(u"DefaultButtonType", &M::defaultButtonType,
+                                 &M::setDefaultButtonType)
+                       .help(u"既定のボタンを設定します。", u"Sets the default button.")
+                       .saved(3, u"DefaultButtonType", zero)
+                       .property(u"HelpButton", &M::helpButton, &M::setHelpButton)
+                       .help(u"ヘルプボタンを表示するかどうかを設定します。",
+                             u"Sets whether a Help button is shown.")
+                       .saved(5, u"HelpButton", false)
+                       .property(u"HelpContext", &M::helpContext, &M::setHelpContext)
+                       .help(u"ヘルプのトピック番号を設定します。", u"Sets the help topic number.")
+                       .saved(12, u"HelpContext", zero)
+                       .property(u"HelpFile", &M::helpFile, &M::setHelpFile)
+                       .help(u"ヘルプファイル名を設定します。", u"Sets the help file name.")
+                       .saved(11, u"HelpFile", u"")
+                       .property(u"IconType", &M::iconType, &M::setIconType)
+                       .help(u"表示するアイコンを設定します。", u"Sets the icon shown.")
+                       .saved(2, u"IconType", zero)
+                       .property(u"ModalType", &M::modalType, &M::setModalType)
+                       .help(u"モーダルの種類を設定します。", u"Sets the kind of modality.")
+                       .saved(4, u"ModalType", zero)
+                       .property(u"Prompt", &M::prompt, &M::setPrompt)
+                       .help(u"表示するメッセージを設定します。", u"Sets the message shown.")
+                       .saved(9, u"Prompt", u"")
+                       .property(u"SetForeGround", &M::setForeGround, &M::setSetForeGround)
+                       .help(u"メッセージボックスを前面に表示するかどうかを設定します。",
+                             u"Sets whether the message box is brought to the foreground.")
+                       .saved(6, u"SetForeGround", false)
+                       .property(u"TextRight", &M::textRight, &M::setTextRight)
+                       .help(u"メッセージを右揃えにするかどうかを設定します。",
+                             u"Sets whether the message is right-aligned.")
+                       .saved(7, u"TextRight", false)
+                       .property(u"Title", &M::title, &M::setTitle)
+                       .help(u"タイトルを設定します。", u"Sets the title.")
+                       .saved(10, u"Title", u"")
+                       .getOnly(u"Value", &M::value)
+                       .help(u"最後に押されたボタンを返します。",
+                             u"Returns the button pressed last.")
+                       .saved(8, u"Value", zero)
+                       .method(u"Show", &M::showBox)
+                       .help(u"メッセージボックスを表示し、押されたボタンを返します。",
+                             u"Shows the message box and returns the button pressed.")
+                       .build(),
+                   serviceEvents(),
+                   [](ControlSite& site) { return std::make_shared<MessageBox>(site); },
+                   {ServiceIconSize, ServiceIconSize})
             .withPropertyPages({u"ppgMSGBOX"});
     }();
     return info;

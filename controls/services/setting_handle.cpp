@@ -98,40 +98,50 @@ const ClassInfo& SettingHandle::staticClassInfo() {
                 .method(u"GetAControlFromRegistry", &S::getAControlFromRegistry,
                         {u"objControl", u"DefaultValue", u"strAppName"})
                 .byRefAs(0, VarType::Object)
-                .help(u"コントロールの値をレジストリから読み込みます。")
+                .help(u"コントロールの値をレジストリから読み込みます。",
+                      u"Reads a control's value from the settings store.")
                 .method(u"GetControlsFromIni", &S::getControlsFromIni, {u"strIniFileName"})
-                .help(u"フォーム上の全コントロールの値をIniファイルから読み込みます。")
+                .help(u"フォーム上の全コントロールの値をIniファイルから読み込みます。",
+                      u"Reads the values of every control on the form from an INI file.")
                 .method(u"GetControlsFromRegistry", &S::getControlsFromRegistry, {u"strAppName"})
-                .help(u"フォーム上の全コントロールの値をレジストリから読み込みます。")
+                .help(u"フォーム上の全コントロールの値をレジストリから読み込みます。",
+                      u"Reads the values of every control on the form from the settings store.")
                 .method(u"SaveAControlToIni", &S::saveAControlToIni,
                         {u"objControl", u"strIniFileName"})
                 .byRefAs(0, VarType::Object)
-                .help(u"コントロールの値をIniファイルに保存します。")
+                .help(u"コントロールの値をIniファイルに保存します。",
+                      u"Saves a control's value to an INI file.")
                 .method(u"SaveAControlToRegistry", &S::saveAControlToRegistry,
                         {u"objControl", u"strAppName"})
                 .byRefAs(0, VarType::Object)
-                .help(u"コントロールの値をレジストリに保存します。")
+                .help(u"コントロールの値をレジストリに保存します。",
+                      u"Saves a control's value to the settings store.")
                 .method(u"SaveControlsToIni", &S::saveControlsToIni, {u"strIniFileName"})
-                .help(u"フォーム上の全コントロールの値をIniファイルに保存します。")
+                .help(u"フォーム上の全コントロールの値をIniファイルに保存します。",
+                      u"Saves the values of every control on the form to an INI file.")
                 .method(u"SaveControlsToRegistry", &S::saveControlsToRegistry, {u"strAppName"})
-                .help(u"フォーム上の全コントロールの値をレジストリに保存します。")
+                .help(u"フォーム上の全コントロールの値をレジストリに保存します。",
+                      u"Saves the values of every control on the form to the settings store.")
                 .method(u"SaveIni", &S::saveIni,
                         {u"SectionName", u"KeyName", u"NewValue", u"strIniFileName"})
-                .help(u"Iniファイルに値を保存します。")
+                .help(u"Iniファイルに値を保存します。", u"Saves a value to an INI file.")
                 .method(u"SaveRegistry", &S::saveRegistry,
                         {u"SectionName", u"KeyName", u"Setting", u"strAppName"})
-                .help(u"レジストリに値を保存します。")
+                .help(u"レジストリに値を保存します。", u"Saves a value to the settings store.")
                 .method(u"GetIni", &S::getIni,
                         {u"SectionName", u"KeyName", u"DefaultValue", u"strIniFileName"})
-                .help(u"Iniファイルから値を読み込みます。")
+                .help(u"Iniファイルから値を読み込みます。", u"Reads a value from an INI file.")
                 .method(u"GetRegistry", &S::getRegistry,
                         {u"SectionName", u"KeyName", u"DefaultValue", u"strAppName"})
-                .help(u"レジストリから値を読み込みます。")
+                .help(u"レジストリから値を読み込みます。",
+                      u"Reads a value from the settings store.")
                 .property(u"AppName", &S::appName, &S::setAppName)
-                .help(u"アプリケーション名称を設定します。（レジストリ操作で使用）")
+                .help(u"アプリケーション名称を設定します。（レジストリ操作で使用）",
+                      u"Sets the application name (used with the settings store).")
                 .saved(2, u"AppName", u"")
                 .property(u"IniFileName", &S::iniFileName, &S::setIniFileName)
-                .help(u"Iniファイル名称を設定します。（Iniファイル操作で使用）")
+                .help(u"Iniファイル名称を設定します。（Iniファイル操作で使用）",
+                      u"Sets the INI file name (used with INI files).")
                 .saved(1, u"IniFileName", u"")
                 .build();
         // SaveIni's NewValue is passed by reference (and not changed).

@@ -88,6 +88,7 @@ private:
             m.name = name;
             m.type = type;
             m.help = u"a stand-in property";
+            m.helpEnglish = u"A stand-in property.";
             m.dispId = ++id;
             m.get = [name](Object& o, std::span<Variant>) {
                 return static_cast<RecordingDialogBox&>(o).values.at(name);

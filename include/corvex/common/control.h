@@ -119,21 +119,32 @@ T readSaved(PropertyBag& bag, std::u16string_view name, const Variant& def) {
 /// The names and help strings of the members that several classes share, declared once.
 /// Each class's table lists them with its own accessors (and its own saved defaults).
 namespace common {
-inline constexpr MemberDoc Refresh{u"Refresh", u"コントロールを再描画します。"};
-inline constexpr MemberDoc BackColor{u"BackColor", u"背景色を設定します。"};
-inline constexpr MemberDoc Caption{u"Caption", u"表示文字列を設定します。"};
-inline constexpr MemberDoc DefaultValue{u"DefaultValue", u"既定値を設定します。（デザイン時のみ）"};
-inline constexpr MemberDoc Enabled{u"Enabled", u"入力の可否を設定します。"};
-inline constexpr MemberDoc Font{u"Font", u"フォントを設定します。"};
-inline constexpr MemberDoc ForeColor{u"ForeColor", u"文字色を設定します。"};
-inline constexpr MemberDoc IMEMode{u"IMEMode", u"IMEのモードを設定します。"};
-inline constexpr MemberDoc KeyName{u"KeyName", u"値を保存するキー名を設定します。"};
-inline constexpr MemberDoc SectionName{u"SectionName", u"値を保存するセクション名を設定します。"};
-inline constexpr MemberDoc SelLength{u"SelLength", u"選択文字数を設定します。"};
-inline constexpr MemberDoc SelStart{u"SelStart", u"選択開始位置を設定します。"};
-inline constexpr MemberDoc SelText{u"SelText", u"選択文字列を設定します。"};
-inline constexpr MemberDoc Text{u"Text", u"テキストを設定します。"};
-inline constexpr MemberDoc ErrBase{u"ErrBase", u"エラー番号の基数を設定します。"};
+inline constexpr MemberDoc Refresh{u"Refresh", u"コントロールを再描画します。",
+                                   u"Redraws the control."};
+inline constexpr MemberDoc BackColor{u"BackColor", u"背景色を設定します。",
+                                     u"Sets the background colour."};
+inline constexpr MemberDoc Caption{u"Caption", u"表示文字列を設定します。", u"Sets the caption."};
+inline constexpr MemberDoc DefaultValue{u"DefaultValue", u"既定値を設定します。（デザイン時のみ）",
+                                        u"Sets the default value (design time only)."};
+inline constexpr MemberDoc Enabled{u"Enabled", u"入力の可否を設定します。",
+                                   u"Sets whether the control accepts input."};
+inline constexpr MemberDoc Font{u"Font", u"フォントを設定します。", u"Sets the font."};
+inline constexpr MemberDoc ForeColor{u"ForeColor", u"文字色を設定します。",
+                                     u"Sets the text colour."};
+inline constexpr MemberDoc IMEMode{u"IMEMode", u"IMEのモードを設定します。", u"Sets the IME mode."};
+inline constexpr MemberDoc KeyName{u"KeyName", u"値を保存するキー名を設定します。",
+                                   u"Sets the key under which the value is saved."};
+inline constexpr MemberDoc SectionName{u"SectionName", u"値を保存するセクション名を設定します。",
+                                       u"Sets the section under which the value is saved."};
+inline constexpr MemberDoc SelLength{u"SelLength", u"選択文字数を設定します。",
+                                     u"Sets the number of selected characters."};
+inline constexpr MemberDoc SelStart{u"SelStart", u"選択開始位置を設定します。",
+                                    u"Sets where the selection starts."};
+inline constexpr MemberDoc SelText{u"SelText", u"選択文字列を設定します。",
+                                   u"Sets the selected text."};
+inline constexpr MemberDoc Text{u"Text", u"テキストを設定します。", u"Sets the text."};
+inline constexpr MemberDoc ErrBase{u"ErrBase", u"エラー番号の基数を設定します。",
+                                   u"Sets the base of the error numbers."};
 }  // namespace common
 
 /// The event tables' entries shared by the controls that pass on widget events.

@@ -100,12 +100,14 @@ struct MemberInfo {
 
     std::u16string name;                    ///< the member's name
     bool isMethod = false;                  ///< a method rather than a property
+    bool hasResult = false;                 ///< a method that returns a value (a Variant too)
     VarType type = VarType::Empty;          ///< result or property kind
     std::vector<ParamInfo> params;          ///< method arguments, or property indexes
     Getter get;                             ///< invoke (method) or get (property); may be empty
     Setter let;                             ///< let of a value property; may be empty
     Setter set;                             ///< set of an object property; may be empty
     std::u16string help;                    ///< one-line description for property browsers
+    std::u16string helpEnglish;             ///< the same description in English
     int dispId = 0;                         ///< stable member number, from 1 in interface order
     const EnumInfo* enumeration = nullptr;  ///< the enumeration of an enumerated type
     bool designTimeOnly = false;            ///< its let/set raises 382 at run time
@@ -120,8 +122,9 @@ struct MemberInfo {
 /// The name and help string of a member, declared once and shared by every class that
 /// has the member (see corvex/common/control.h, namespace common).
 struct MemberDoc {
-    const char16_t* name;  ///< the member's name
-    const char16_t* help;  ///< its one-line help string
+    const char16_t* name;         ///< the member's name
+    const char16_t* help;         ///< its one-line help string
+    const char16_t* helpEnglish;  ///< the same help string in English
 };
 
 /// One event in a class's event interface.
@@ -405,7 +408,7 @@ public:
     /// A method; names label the parameters (for tables and help).
     template <class Fn>
     MemberTable& method(const MemberDoc& doc, Fn fn, std::vector<std::u16string> paramNames = {}) {
-        return method(doc.name, fn, std::move(paramNames)).help(doc.help);
+        return method(doc.name, fn, std::move(paramNames)).help(doc.help, doc.helpEnglish);
     }
     /// A method; names label the parameters (for tables and help).
     template <class Fn>
@@ -415,6 +418,9 @@ public:
         m.name = std::move(name);
         m.isMethod = true;
         m.type = detail::resultType<typename T::Result>();
+        m.hasResult = !std::is_void_v<typename T::Result>;
+        using R = std::remove_cvref_t<typename T::Result>;
+        if constexpr (std::is_enum_v<R>) m.enumeration = &enumInfo<R>();
         m.params = params<typename T::Args>(paramNames, std::make_index_sequence<T::arity>{});
         auto ps = m.params;
         m.get = [fn, ps](Object& o, std::span<Variant> args) {
@@ -428,7 +434,7 @@ public:
     /// A read-only property shared by several classes, with its shared help string.
     template <class G>
     MemberTable& getOnly(const MemberDoc& doc, G getter) {
-        return getOnly(doc.name, getter).help(doc.help);
+        return getOnly(doc.name, getter).help(doc.help, doc.helpEnglish);
     }
     /// A read-only property (its getter may take index arguments).
     template <class G>
@@ -441,7 +447,7 @@ public:
     /// A property shared by several classes, with its shared help string.
     template <class G, class S>
     MemberTable& property(const MemberDoc& doc, G getter, S setter) {
-        return property(doc.name, getter, setter).help(doc.help);
+        return property(doc.name, getter, setter).help(doc.help, doc.helpEnglish);
     }
 
     /// A property with get and let (the setter takes the index arguments, then the value).
@@ -465,9 +471,10 @@ public:
         return *this;
     }
 
-    /// Sets the one-line help text of the member added last.
-    MemberTable& help(std::u16string text) {
-        members_.back().help = std::move(text);
+    /// Sets the one-line help text of the member added last, in Japanese and in English.
+    MemberTable& help(std::u16string japanese, std::u16string english) {
+        members_.back().help = std::move(japanese);
+        members_.back().helpEnglish = std::move(english);
         return *this;
     }
 

@@ -28,4 +28,11 @@ std::vector<std::string> describeEnumeration(std::u16string_view name);
 /// when the class or the member does not exist.
 std::string describeHelp(std::u16string_view className, std::u16string_view memberName);
 
+/// `func CLASS.MEMBER ID KIND TYPE (PARAMS)` for every function of the class's type
+/// information in interface order: KIND is method, get, let or set; TYPE the result (an
+/// enumeration by its name, Void for none); PARAMS `NAME TYPE`, `ByRef ` before a
+/// by-reference one, optional ones in [ ], left off when there are none. Raises 438 when
+/// no public class has the name.
+std::vector<std::string> describeTypeInfo(std::u16string_view className);
+
 }  // namespace corvex::script
