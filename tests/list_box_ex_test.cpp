@@ -526,45 +526,6 @@ TEST_P(ListBoxExTest, shouldRaiseMouseCoordinatesInContainerUnitsWhateverTheScal
     EXPECT_NEAR(mouseDownX(), inTwips, 15);
 }
 
-TEST_P(ListBoxExTest, shouldPublishTheMembersInInterfaceOrder) {
-    Texts seen;
-    for (const auto& m : ListBoxEx::staticClassInfo().members()) seen.push_back(m.name);
-    EXPECT_EQ(seen, (Texts{u"AddItem",
-                           u"Clear",
-                           u"Cls",
-                           u"Refresh",
-                           u"RefreshScrollBar",
-                           u"RemoveItem",
-                           u"Restore",
-                           u"RestoreDefault",
-                           u"Store",
-                           u"AutoRefreshScrollBar",
-                           u"BackColor",
-                           u"Columns",
-                           u"DefaultValue",
-                           u"Enabled",
-                           u"Font",
-                           u"ForeColor",
-                           u"IMEMode",
-                           u"IntegralHeight",
-                           u"ItemData",
-                           u"ItemDataNums",
-                           u"KeyName",
-                           u"List",
-                           u"ListCount",
-                           u"ListIndex",
-                           u"ListTexts",
-                           u"MultiSelect",
-                           u"NewIndex",
-                           u"SectionName",
-                           u"SelCount",
-                           u"Selected",
-                           u"Sorted",
-                           u"Text",
-                           u"TopIndex",
-                           u"Value"}));
-}
-
 INSTANTIATE_TEST_SUITE_P(Hosts, ListBoxExTest,
                          ::testing::ValuesIn(corvex::testing::availableHarnesses()),
                          corvex::testing::harnessName);

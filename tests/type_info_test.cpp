@@ -45,6 +45,29 @@ TEST(TypeInfo, shouldGiveAGetOnlyPropertyOnlyAGet) {
               std::vector<InvokeKind>{InvokeKind::PropertyGet});
 }
 
+// Where the C++ function takes a copy or a narrower kind, the published parameter still
+// says what the interface gives.
+TEST(TypeInfo, shouldPublishParametersByReferenceOrAsAnyValueWhereTheInterfaceSaysSo) {
+    const auto param = [](std::u16string_view c, std::u16string_view m, std::size_t i) {
+        auto fs = functionsOf(c, m);
+        EXPECT_EQ(fs.size(), 1u);
+        return fs.empty() ? ParamInfo{} : fs[0].params.at(i);
+    };
+    const ParamInfo mode = param(u"FormHandle", u"SetFormTop", 0);
+    EXPECT_TRUE(mode.byRef);
+    EXPECT_TRUE(mode.optional);
+    EXPECT_EQ(mode.type, VarType::Long);
+    EXPECT_TRUE(param(u"SettingHandle", u"SaveIni", 2).byRef);
+    EXPECT_TRUE(param(u"MoveList", u"LAddArray", 0).byRef);
+    EXPECT_TRUE(param(u"MoveList", u"RAddArray", 0).byRef);
+    for (const char16_t* combo : {u"DropDownCombo", u"DropDownList"}) {
+        const ParamInfo index = param(combo, u"AddItem", 1);
+        EXPECT_EQ(index.type, VarType::Empty);
+        EXPECT_TRUE(index.optional);
+        EXPECT_FALSE(index.byRef);
+    }
+}
+
 TEST(TypeInfo, shouldKeepTheLetOfADesignTimeOnlyProperty) {
     ASSERT_TRUE(cls(u"BooleanBox").member(u"DefaultValue")->designTimeOnly);
     auto fs = functionsOf(u"BooleanBox", u"DefaultValue");

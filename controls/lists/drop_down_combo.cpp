@@ -264,6 +264,7 @@ ClassInfo DropDownControl::makeClassInfo(const char16_t* name) {
         name, ClassKind::Control,
         MemberTable<C>()
             .method(u"AddItem", &B::addItem, {u"Item", u"Index"})
+            .publishedAs(1, VarType::Empty)
             .help(u"リストに項目を追加します。", u"Adds an item to the list.")
             .method(u"Clear", &B::clear)
             .help(u"リストの項目をすべて削除します。", u"Removes every item from the list.")

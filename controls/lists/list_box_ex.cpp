@@ -328,12 +328,6 @@ const ClassInfo& ListBoxEx::staticClassInfo() {
                 .saved(6, u"AutoRefreshScrollBar", true)
                 .property(common::BackColor, &C::backColor, &C::setBackColor)
                 .saved(1, u"BackColor", color::WindowBackground)
-                .property(u"Columns", &C::columns, &C::setColumns)
-                .help(u"列の数を設定します。", u"Sets the number of columns.")
-                .property(common::DefaultValue, &C::defaultValue, &C::setDefaultValue)
-                .designTimeOnly()
-                .saved(7, u"DefaultValue", std::int16_t{-1})
-                .readAt(7)
                 .property(common::Enabled, &C::enabled, &C::setEnabled)
                 .saved(2, u"Enabled", true)
                 .property(common::Font, &C::font, &C::setFont)
@@ -345,6 +339,12 @@ const ClassInfo& ListBoxEx::staticClassInfo() {
                 .property(common::IMEMode, &C::imeMode, &C::setImeMode)
                 .saved(5, u"IMEMode", std::int16_t{0})
                 .readAt(4)
+                .property(u"Columns", &C::columns, &C::setColumns)
+                .help(u"列の数を設定します。", u"Sets the number of columns.")
+                .property(common::DefaultValue, &C::defaultValue, &C::setDefaultValue)
+                .designTimeOnly()
+                .saved(7, u"DefaultValue", std::int16_t{-1})
+                .readAt(7)
                 .getOnly(u"IntegralHeight", &C::integralHeight)
                 .help(u"項目を丸ごと表示するかどうかを返します。",
                       u"Returns whether only whole items are shown.")
@@ -359,11 +359,28 @@ const ClassInfo& ListBoxEx::staticClassInfo() {
                 .property(common::KeyName, &C::keyName, &C::setKeyName)
                 .saved(9, u"KeyName", u"")
                 .readAt(9)
+                .property(common::SectionName, &C::sectionName, &C::setSectionName)
+                .saved(11, u"SectionName", u"")
+                .readAt(11)
                 .property(u"List", &C::list, &C::setList, {u"Index"})
                 .help(u"項目の文字列を返します。", u"Returns the text of an item.")
                 .getOnly(u"ListCount", &C::listCount)
                 .help(u"項目の数を返します。", u"Returns the number of items.")
+                .getOnly(u"NewIndex", &C::newIndex)
+                .help(u"最後に追加された項目の番号を返します。",
+                      u"Returns the index of the item added last.")
+                .getOnly(u"SelCount", &C::selCount)
+                .help(u"選択されている項目の数を返します。",
+                      u"Returns the number of selected items.")
+                .getOnly(u"Sorted", &C::sorted)
+                .help(u"項目が並べ替えられるかどうかを返します。",
+                      u"Returns whether the items are kept sorted.")
+                .getOnly(u"MultiSelect", &C::multiSelect)
+                .help(u"複数選択の方法を返します。", u"Returns how several items may be selected.")
                 .property(u"ListIndex", &C::listIndex, &C::setListIndex)
+                .help(u"選択されている項目の番号を設定します。",
+                      u"Sets the index of the selected item.")
+                .property(u"Value", &C::value, &C::setValue)
                 .help(u"選択されている項目の番号を設定します。",
                       u"Sets the index of the selected item.")
                 .property(u"ListTexts", &C::listTexts, &C::setListTexts)
@@ -371,30 +388,13 @@ const ClassInfo& ListBoxEx::staticClassInfo() {
                       u"Sets the list's items as one \"|\"-delimited string.")
                 .saved(10, u"ListTexts", u"")
                 .readAt(10)
-                .getOnly(u"MultiSelect", &C::multiSelect)
-                .help(u"複数選択の方法を返します。", u"Returns how several items may be selected.")
-                .getOnly(u"NewIndex", &C::newIndex)
-                .help(u"最後に追加された項目の番号を返します。",
-                      u"Returns the index of the item added last.")
-                .property(common::SectionName, &C::sectionName, &C::setSectionName)
-                .saved(11, u"SectionName", u"")
-                .readAt(11)
-                .getOnly(u"SelCount", &C::selCount)
-                .help(u"選択されている項目の数を返します。",
-                      u"Returns the number of selected items.")
                 .property(u"Selected", &C::selected, &C::setSelected, {u"Index"})
                 .help(u"項目が選択されているかどうかを設定します。",
                       u"Sets whether an item is selected.")
-                .getOnly(u"Sorted", &C::sorted)
-                .help(u"項目が並べ替えられるかどうかを返します。",
-                      u"Returns whether the items are kept sorted.")
                 .property(common::Text, &C::text, &C::setText)
                 .property(u"TopIndex", &C::topIndex, &C::setTopIndex)
                 .help(u"先頭に表示される項目の番号を設定します。",
                       u"Sets the index of the topmost visible item.")
-                .property(u"Value", &C::value, &C::setValue)
-                .help(u"選択されている項目の番号を設定します。",
-                      u"Sets the index of the selected item.")
                 .build(),
             ev.build(), [](ControlSite& site) { return std::make_shared<ListBoxEx>(site); },
             {2400, 1800});

@@ -202,9 +202,11 @@ const ClassInfo& MoveList::staticClassInfo() {
                       u"Sets whether the right list is sorted as items are added.")
                 .saved(4, u"RSorted", false)
                 .method(u"LAddArray", &M::lAddArray, {u"New_ItemArray"})
+                .passedByRef(0)
                 .help(u"配列の要素を左のリストに追加します。",
                       u"Adds the elements of an array to the left list.")
                 .method(u"RAddArray", &M::rAddArray, {u"New_ItemArray"})
+                .passedByRef(0)
                 .help(u"配列の要素を右のリストに追加します。",
                       u"Adds the elements of an array to the right list.")
                 .build(),

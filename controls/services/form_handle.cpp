@@ -16,6 +16,7 @@ const ClassInfo& FormHandle::staticClassInfo() {
         return ClassInfo(u"FormHandle", ClassKind::ServiceControl,
                          MemberTable<F>()
                              .method(u"SetFormTop", &F::setFormTop, {u"Mode"})
+                             .passedByRef(0)
                              .help(u"フォームを常に手前に表示するかどうかを設定します。",
                                    u"Sets whether the form stays on top of other windows.")
                              .method(u"SetFormCenter", &F::setFormCenter)

@@ -124,6 +124,7 @@ const ClassInfo& SettingHandle::staticClassInfo() {
                       u"Saves the values of every control on the form to the settings store.")
                 .method(u"SaveIni", &S::saveIni,
                         {u"SectionName", u"KeyName", u"NewValue", u"strIniFileName"})
+                .passedByRef(2)
                 .help(u"Iniファイルに値を保存します。", u"Saves a value to an INI file.")
                 .method(u"SaveRegistry", &S::saveRegistry,
                         {u"SectionName", u"KeyName", u"Setting", u"strAppName"})
@@ -144,8 +145,6 @@ const ClassInfo& SettingHandle::staticClassInfo() {
                       u"Sets the INI file name (used with INI files).")
                 .saved(1, u"IniFileName", u"")
                 .build();
-        // SaveIni's NewValue is passed by reference (and not changed).
-        members[7].params[2].byRef = true;
         return ClassInfo(u"SettingHandle", ClassKind::ServiceControl, std::move(members), {},
                          [](ControlSite& site) { return std::make_shared<SettingHandle>(site); },
                          {kIconSize, kIconSize});

@@ -512,6 +512,18 @@ public:
         members_.back().params.at(param).type = type;
         return *this;
     }
+    /// Publishes a parameter of the member added last as passed by reference although the
+    /// C++ function takes a copy; a typed one is converted in place, as byRefAs's are.
+    MemberTable& passedByRef(std::size_t param) {
+        members_.back().params.at(param).byRef = true;
+        return *this;
+    }
+    /// Publishes a parameter of the member added last as a wider kind (Empty: any value)
+    /// than the C++ function takes; the function's own conversion still applies.
+    MemberTable& publishedAs(std::size_t param, VarType type) {
+        members_.back().params.at(param).type = type;
+        return *this;
+    }
     /// The property added last may be set only at design time: the table's dispatch
     /// raises 382 for a let or set at run time.
     MemberTable& designTimeOnly() {
