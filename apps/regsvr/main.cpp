@@ -15,15 +15,16 @@ namespace {
 
 using EntryPoint = std::int32_t (*)();
 
-constexpr int kFailed = 1;   // the entry point returned a failure code
-constexpr int kUsage = 2;    // the command line was wrong
-constexpr int kNoLoad = 3;   // the library or its entry point could not be found
+constexpr int kFailed = 1;  // the entry point returned a failure code
+constexpr int kUsage = 2;   // the command line was wrong
+constexpr int kNoLoad = 3;  // the library or its entry point could not be found
 
 int usage() {
-    std::fputs("usage: corvex-regsvr [-u] [LIBRARY]\n"
-               "  registers LIBRARY (default: libcorvex.so beside this program);\n"
-               "  -u unregisters it\n",
-               stderr);
+    std::fputs(
+        "usage: corvex-regsvr [-u] [LIBRARY]\n"
+        "  registers LIBRARY (default: libcorvex.so beside this program);\n"
+        "  -u unregisters it\n",
+        stderr);
     return kUsage;
 }
 
