@@ -12,20 +12,6 @@ using corvex::testing::HeadlessTest;
 
 namespace {
 
-std::vector<std::u16string> memberNames(const ClassInfo& c) {
-    std::vector<std::u16string> names;
-    for (const auto& m : c.members()) names.push_back(m.name);
-    return names;
-}
-
-TEST(ControlContract, shouldListBooleanBoxMembersInInterfaceOrder) {
-    EXPECT_EQ(memberNames(BooleanBox::staticClassInfo()),
-              (std::vector<std::u16string>{
-                  u"Cls", u"Refresh", u"Restore", u"RestoreDefault", u"Store", u"BackColor",
-                  u"Caption", u"DefaultValue", u"Enabled", u"Font", u"ForeColor", u"KeyName",
-                  u"SectionName", u"Value", u"AlwaysFalseWhenNotEnabled"}));
-}
-
 TEST(ControlContract, shouldNumberDblClickBeforeClickInBooleanBoxEvents) {
     const ClassInfo& c = BooleanBox::staticClassInfo();
     std::vector<std::pair<std::u16string, int>> got;

@@ -148,46 +148,6 @@ TEST_F(FileDialogBoxTest, shouldSaveCancelErrorFirstAlthoughNoMemberReachesIt) {
                                                   u"ShareAware"}));
 }
 
-TEST_F(FileDialogBoxTest, shouldListItsMembersInInterfaceOrder) {
-    std::vector<std::u16string> names;
-    for (const MemberInfo& m : FileDialogBox::staticClassInfo().members()) names.push_back(m.name);
-    EXPECT_EQ(names, (std::vector<std::u16string>{u"Cls",
-                                                  u"ShowAbout",
-                                                  u"FileOpen",
-                                                  u"FileSave",
-                                                  u"ShowOpen",
-                                                  u"ShowSave",
-                                                  u"AllowMultiselect",
-                                                  u"CancelSelected",
-                                                  u"CreatePrompt",
-                                                  u"DefaultExt",
-                                                  u"DialogTitle",
-                                                  u"Explorer",
-                                                  u"FileMustExist",
-                                                  u"FileName",
-                                                  u"FileTitle",
-                                                  u"Filter",
-                                                  u"FilterIndex",
-                                                  u"Flags",
-                                                  u"hDC",
-                                                  u"HelpButton",
-                                                  u"HideReadOnly",
-                                                  u"hwnd",
-                                                  u"InitDir",
-                                                  u"LongNames",
-                                                  u"MaxFileSize",
-                                                  u"Mode",
-                                                  u"NoChangeDir",
-                                                  u"NoDereferenceLinks",
-                                                  u"NoLongNames",
-                                                  u"NoReadOnlyReturn",
-                                                  u"NoValidate",
-                                                  u"OverwritePrompt",
-                                                  u"PathMustExist",
-                                                  u"ReadOnly",
-                                                  u"ShareAware"}));
-}
-
 TEST_F(FileDialogBoxTest, shouldSaveAndLoadCancelErrorOnceAFileOpenSetIt) {
     box->fileOpen();
     MemoryBag bag;

