@@ -31,54 +31,22 @@ std::u16string numbered(const char16_t* name, std::int32_t i) {
 }
 }  // namespace
 
-struct DropDownControl::Private {
-    std::unique_ptr<ComboBox> cmb;
-    std::unique_ptr<ComboTarget> target;
-};
-
-DropDownControl::DropDownControl(ControlSite& site, ComboStyle style)
-    : ListControl(site), d(std::make_unique<Private>()) {
+DropDownControl::DropDownControl(ControlSite& site, ComboStyle style) : ListControlOn(site) {
     ComboBoxSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
     spec.width = innerWidth();
     spec.height = kComboHeight;
     spec.style = style;
-    d->cmb = site.widgets().createComboBox(spec);
-    d->target = std::make_unique<ComboTarget>(*d->cmb);
+    std::unique_ptr<ComboBox> combo = site.widgets().createComboBox(spec);
+    auto target = std::make_unique<ComboTarget>(*combo);
+    holdInner(std::move(combo), std::move(target));
     cmb().setBackColor(color::WindowBackground);
     cmb().setForeColor(color::WindowText);
     cmb().setFont(ambientFont());
 }
 
 DropDownControl::~DropDownControl() = default;
-
-ComboBox& DropDownControl::cmb() const {
-    checkAvailable();
-    return *d->cmb;
-}
-
-Widget& DropDownControl::commonWidget() const {
-    return cmb();
-}
-
-void DropDownControl::releaseWidgets() {
-    d->target.reset();
-    d->cmb.reset();
-}
-
-lists::ListTarget& DropDownControl::listTarget() {
-    cmb();
-    return *d->target;
-}
-
-std::int32_t DropDownControl::innerListIndex() const {
-    return cmb().listIndex();
-}
-
-void DropDownControl::setInnerListIndex(std::int32_t i) {
-    cmb().setListIndex(i);
-}
 
 // --- lifecycle ---------------------------------------------------------------------
 

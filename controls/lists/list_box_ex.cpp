@@ -31,53 +31,23 @@ struct ListBoxEx::Private {
         ListBoxEx& c_;
     };
 
-    std::unique_ptr<ListBox> lst;
-    std::unique_ptr<Target> target;
     bool autoRefresh = true;
     std::int32_t widest = 0;
 };
 
-ListBoxEx::ListBoxEx(ControlSite& site) : ListControl(site), d(std::make_unique<Private>()) {
+ListBoxEx::ListBoxEx(ControlSite& site) : ListControlOn(site), d(std::make_unique<Private>()) {
     ListBoxSpec spec;
     spec.name = kInnerName;
     spec.listener = this;
     spec.width = innerWidth();
     spec.height = innerHeight();
-    d->lst = site.widgets().createListBox(spec);
-    d->target = std::make_unique<Private::Target>(*this);
+    holdInner(site.widgets().createListBox(spec), std::make_unique<Private::Target>(*this));
     lst().setBackColor(color::WindowBackground);
     lst().setForeColor(color::WindowText);
     lst().setFont(ambientFont());
 }
 
 ListBoxEx::~ListBoxEx() = default;
-
-ListBox& ListBoxEx::lst() const {
-    checkAvailable();
-    return *d->lst;
-}
-
-Widget& ListBoxEx::commonWidget() const {
-    return lst();
-}
-
-void ListBoxEx::releaseWidgets() {
-    d->target.reset();
-    d->lst.reset();
-}
-
-lists::ListTarget& ListBoxEx::listTarget() {
-    lst();
-    return *d->target;
-}
-
-std::int32_t ListBoxEx::innerListIndex() const {
-    return lst().listIndex();
-}
-
-void ListBoxEx::setInnerListIndex(std::int32_t i) {
-    lst().setListIndex(i);
-}
 
 // --- lifecycle ---------------------------------------------------------------------
 

@@ -12,7 +12,7 @@ namespace corvex {
 
 /// What DropDownCombo and DropDownList share: every member, event, saved property and
 /// message. Only the inner combo box's style (cmbComboBoxEx) differs, given when made.
-class DropDownControl : public ListControl {
+class DropDownControl : public ListControlOn<ComboBox> {
 public:
     ~DropDownControl() override;
 
@@ -74,16 +74,9 @@ protected:
     template <class C>
     static ClassInfo makeClassInfo(const char16_t* name);
     void widgetEvent(Widget& source, WidgetEvent& event) override;
-    void releaseWidgets() override;
-    Widget& commonWidget() const override;
-    lists::ListTarget& listTarget() override;
-    std::int32_t innerListIndex() const override;
-    void setInnerListIndex(std::int32_t i) override;
 
 private:
-    ComboBox& cmb() const;
-    struct Private;
-    std::unique_ptr<Private> const d;
+    ComboBox& cmb() const { return inner(); }
 };
 
 /// A combo box whose edit part takes free text.

@@ -7,15 +7,14 @@
 #include <optional>
 
 #include "corvex/lists/list_control.h"
+#include "corvex/platform/list_box.h"
 
 namespace corvex {
-
-class ListBox;
 
 /// A list box (lstListBoxEx) that keeps the widest item's width in pixels as items come
 /// and go and hands it to the list as its horizontal scrolling extent, after every
 /// AddItem and RemoveItem while AutoRefreshScrollBar is on, or on RefreshScrollBar.
-class ListBoxEx : public ListControl {
+class ListBoxEx : public ListControlOn<ListBox> {
 public:
     /// A ListBoxEx on a host site; creates lstListBoxEx.
     explicit ListBoxEx(ControlSite& site);
@@ -89,14 +88,9 @@ public:
 
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;
-    void releaseWidgets() override;
-    Widget& commonWidget() const override;
-    lists::ListTarget& listTarget() override;
-    std::int32_t innerListIndex() const override;
-    void setInnerListIndex(std::int32_t i) override;
 
 private:
-    ListBox& lst() const;
+    ListBox& lst() const { return inner(); }
     std::int32_t measure(const std::u16string& text) const;
     void remeasureAll();
     struct Private;

@@ -73,4 +73,38 @@ private:
     std::unique_ptr<Private> const d;
 };
 
+/// A list control over one inner list widget (a ComboBox or a ListBox): it holds the
+/// widget and the rebuild's view of it, and answers ListControl's hooks from them.
+template <class Inner>
+class ListControlOn : public ListControl {
+protected:
+    using ListControl::ListControl;
+
+    /// Keeps the inner widget and the rebuild's view of it; both go with the widgets.
+    void holdInner(std::unique_ptr<Inner> widget, std::unique_ptr<lists::ListTarget> target) {
+        inner_ = std::move(widget);
+        target_ = std::move(target);
+    }
+    /// The inner widget; raises 398 once the control has lost its site.
+    Inner& inner() const {
+        checkAvailable();
+        return *inner_;
+    }
+    Widget& commonWidget() const override { return inner(); }
+    void releaseWidgets() override {
+        target_.reset();
+        inner_.reset();
+    }
+    lists::ListTarget& listTarget() override {
+        inner();
+        return *target_;
+    }
+    std::int32_t innerListIndex() const override { return inner().listIndex(); }
+    void setInnerListIndex(std::int32_t i) override { inner().setListIndex(i); }
+
+private:
+    std::unique_ptr<Inner> inner_;
+    std::unique_ptr<lists::ListTarget> target_;
+};
+
 }  // namespace corvex
