@@ -62,7 +62,15 @@ cmake --build build-fuzz -j"$jobs"
 for target in build-fuzz/fuzz/*_fuzz; do
   [ -x "$target" ] || continue
   echo "-- $(basename "$target")"
-  "$target" -max_total_time="${FUZZ_SECONDS:-15}" -print_final_stats=0 2>&1 | tail -n 2
+  # A finding fails the run at the end, as a failed test does; the others still run.
+  if ! "$target" -max_total_time="${FUZZ_SECONDS:-15}" -print_final_stats=0 \
+    >"$target.log" 2>&1; then
+    echo "$(basename "$target") found a failure:"
+    tail -n 20 "$target.log"
+    summary+=("fuzz: $(basename "$target") found a failure")
+    status=1
+  fi
+  tail -n 2 "$target.log"
 done
 
 echo "== benchmarks, one quick pass"
