@@ -117,4 +117,26 @@ void TextControl::setText(std::u16string t) {
     letEach(&TextBox::setText, t, u"Text");
 }
 
+void TextControl::restore() {
+    const std::u16string text = storedValue_.toString();
+    forEachTextWidget([&](TextBox& b) { b.setText(text); });
+}
+
+void TextControl::store() {
+    storedValue_ = textWidget().text();
+}
+
+std::u16string TextControl::defaultValue() const {
+    return defaultValue_;
+}
+
+void TextControl::setDefaultValue(std::u16string v) {
+    // The table's dispatch refuses a let by name at run time (382); this guards a direct
+    // C++ call with the same rule.
+    requireDesignTime();
+    defaultValue_ = v;
+    propertyChanged(u"DefaultValue");
+    setValue(std::move(v));
+}
+
 }  // namespace corvex

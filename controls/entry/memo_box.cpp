@@ -11,9 +11,7 @@ constexpr int kBoxes = 4;
 
 struct MemoBox::Private {
     std::array<std::unique_ptr<TextBox>, kBoxes> boxes;
-    std::u16string defaultValue;
     std::int32_t scrollBars = 0;
-    Variant storedValue;
     bool copying = false;  // while one box's text is copied into the others
 };
 
@@ -130,7 +128,7 @@ void MemoBox::showBoxOf(std::int32_t mode) {
 // --- lifecycle ---------------------------------------------------------------------
 
 void MemoBox::initProperties() {
-    d->defaultValue.clear();
+    loadDefaultValue(u"");
     loadKeyName(u"");
     loadSectionName(u"");
     d->scrollBars = 0;
@@ -153,13 +151,13 @@ void MemoBox::readProperties(PropertyBag& bag) {
     // Written as "ScrollBars" and read as "Scrollbars": the bag matches names without
     // regard to case, so the setting survives a save and load.
     d->scrollBars = readSaved<std::int32_t>(bag, u"Scrollbars", std::int32_t{0});
-    d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
+    loadDefaultValue(readSaved<std::u16string>(bag, u"DefaultValue", u""));
     loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
     loadSectionName(readSaved<std::u16string>(bag, u"SectionName", u""));
     // Each box gets the default: the first one that changes raises Change once and the
     // copy rule brings the others along, as the numeric boxes raise Change on loading a
     // default; an empty default changes nothing and raises nothing.
-    forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
+    forEachBox([&](TextBox& b) { b.setText(defaultValue()); });
     showBoxOf(d->scrollBars);
 }
 
@@ -172,7 +170,7 @@ void MemoBox::writeProperties(PropertyBag& bag) {
     bag.write(u"ForeColor", b.foreColor(), color::WindowText);
     bag.write(u"IMEMode", b.imeMode(), std::int16_t{0});
     bag.write(u"ScrollBars", d->scrollBars, std::int32_t{0});
-    bag.write(u"DefaultValue", d->defaultValue, u"");
+    bag.write(u"DefaultValue", defaultValue(), u"");
     bag.write(u"KeyName", keyName(), u"");
     bag.write(u"SectionName", sectionName(), u"");
 }
@@ -210,34 +208,12 @@ void MemoBox::cls() {
     forEachBox([](TextBox& b) { b.setText(u""); });
 }
 
-void MemoBox::restore() {
-    const std::u16string text = d->storedValue.toString();
-    forEachBox([&](TextBox& b) { b.setText(text); });
-}
-
 void MemoBox::restoreDefault() {
-    forEachBox([&](TextBox& b) { b.setText(d->defaultValue); });
-}
-
-void MemoBox::store() {
-    d->storedValue = textWidget().text();
+    forEachBox([&](TextBox& b) { b.setText(defaultValue()); });
 }
 
 bool MemoBox::canPropertyChange(Variant&) {
     return false;
-}
-
-std::u16string MemoBox::defaultValue() const {
-    return d->defaultValue;
-}
-
-void MemoBox::setDefaultValue(std::u16string v) {
-    // The table's dispatch refuses a let by name at run time (382); this guards a direct
-    // C++ call with the same rule.
-    requireDesignTime();
-    d->defaultValue = v;
-    propertyChanged(u"DefaultValue");
-    setValue(std::move(v));
 }
 
 ScrollBarsMode MemoBox::scrollBars() const {

@@ -11,7 +11,6 @@ constexpr std::int16_t kDefaultIme = static_cast<std::int16_t>(CorvexIMEMode::IM
 
 struct NumericInputBox::Private {
     std::unique_ptr<TextBox> txt;
-    std::u16string defaultValue;
     std::int32_t errBase = err::ObjectErrorBase;
     bool errFlag = false;
     bool limitCheck = false;
@@ -22,7 +21,6 @@ struct NumericInputBox::Private {
     double upperLimit = 0;
     bool validateAtLostFocus = true;
     std::int32_t normalBackColor = color::WindowBackground;
-    Variant storedValue;
     std::int16_t lastInt = 0;
     std::int32_t lastLng = 0;
     float lastSng = 0;
@@ -177,7 +175,7 @@ const MessageTable& NumericInputBox::messageTable() const {
 // --- lifecycle ---------------------------------------------------------------------
 
 void NumericInputBox::initProperties() {
-    d->defaultValue.clear();
+    loadDefaultValue(u"");
     d->errBase = err::ObjectErrorBase;
     d->errFlag = false;
     loadKeyName(u"");
@@ -201,7 +199,7 @@ void NumericInputBox::readProperties(PropertyBag& bag) {
     setFont(
         Font::make(readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant)));
     t.setMaxLength(readSaved<std::int16_t>(bag, u"MaxLength", std::int16_t{0}));
-    d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
+    loadDefaultValue(readSaved<std::u16string>(bag, u"DefaultValue", u""));
     loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
     d->limitCheck = readSaved<bool>(bag, u"LimitCheck", false);
     d->lowerLimit = readSaved<double>(bag, u"LowerLimit", 0.0);
@@ -215,7 +213,7 @@ void NumericInputBox::readProperties(PropertyBag& bag) {
     // The colour a filled MustEnter box returns to is the one just loaded, and only it.
     d->normalBackColor = t.backColor();
     if (userMode()) updateMustEnterColor();
-    t.setText(d->defaultValue);
+    t.setText(defaultValue());
     refresh();
     d->errBase = readSaved<std::int32_t>(bag, u"ErrBase", err::ObjectErrorBase);
 }
@@ -228,7 +226,7 @@ void NumericInputBox::writeProperties(PropertyBag& bag) {
     bag.write(u"IMEMode", std::int32_t{t.imeMode()}, std::int32_t{kDefaultIme});
     bag.write(u"Font", Variant(Font::make(t.font())), Variant(Font::make(ambientFont())));
     bag.write(u"MaxLength", static_cast<std::int16_t>(t.maxLength()), std::int16_t{0});
-    bag.write(u"DefaultValue", d->defaultValue, u"");
+    bag.write(u"DefaultValue", defaultValue(), u"");
     bag.write(u"KeyName", keyName(), u"");
     bag.write(u"LimitCheck", d->limitCheck, false);
     bag.write(u"LowerLimit", d->lowerLimit, 0.0);
@@ -319,16 +317,8 @@ void NumericInputBox::cls() {
     txt().setText(u"");
 }
 
-void NumericInputBox::restore() {
-    txt().setText(d->storedValue.toString());
-}
-
 void NumericInputBox::restoreDefault() {
-    setValue(d->defaultValue);
-}
-
-void NumericInputBox::store() {
-    d->storedValue = txt().text();
+    setValue(defaultValue());
 }
 
 bool NumericInputBox::cancel() {
@@ -337,19 +327,6 @@ bool NumericInputBox::cancel() {
 
 bool NumericInputBox::validateValue() {
     return validateInput();
-}
-
-std::u16string NumericInputBox::defaultValue() const {
-    return d->defaultValue;
-}
-
-void NumericInputBox::setDefaultValue(std::u16string v) {
-    // The table's dispatch refuses a let by name at run time (382); this guards a direct
-    // C++ call with the same rule.
-    requireDesignTime();
-    d->defaultValue = v;
-    propertyChanged(u"DefaultValue");
-    setValue(std::move(v));
 }
 
 bool NumericInputBox::errFlag() const {

@@ -32,9 +32,7 @@ private:
 struct FileNameBox::Private {
     std::unique_ptr<TextBox> txt;
     files::FileNameSettings settings;
-    std::u16string defaultValue;
     bool validateAtLostFocus = true;
-    Variant storedValue;
 };
 
 FileNameBox::FileNameBox(ControlSite& site) : TextControl(site), d(std::make_unique<Private>()) {
@@ -180,7 +178,7 @@ void FileNameBox::initProperties() {
     // The invalid-character set stays empty until properties are read: a control just
     // placed in the designer filters only Enter.
     d->settings = files::FileNameSettings{};
-    d->defaultValue.clear();
+    loadDefaultValue(u"");
     loadKeyName(u"");
     loadSectionName(u"");
     d->validateAtLostFocus = true;
@@ -196,11 +194,11 @@ void FileNameBox::readProperties(PropertyBag& bag) {
     t.setFont(readSaved(bag, u"Font", Variant(Font::make(ambientFont())), fontFromVariant));
     d->settings.messageShow = readSaved<bool>(bag, u"MessageShow", true);
     d->settings.mode = readSaved<std::int32_t>(bag, u"Mode", std::int32_t{0});
-    d->defaultValue = readSaved<std::u16string>(bag, u"DefaultValue", u"");
+    loadDefaultValue(readSaved<std::u16string>(bag, u"DefaultValue", u""));
     loadKeyName(readSaved<std::u16string>(bag, u"KeyName", u""));
     loadSectionName(readSaved<std::u16string>(bag, u"SectionName", u""));
     d->validateAtLostFocus = readSaved<bool>(bag, u"ValidateAtLostFocus", true);
-    t.setText(d->defaultValue);
+    t.setText(defaultValue());
     d->settings.invalidChars = files::invalidCharacters();
 }
 
@@ -214,7 +212,7 @@ void FileNameBox::writeProperties(PropertyBag& bag) {
     bag.write(u"MaxLength", t.maxLength(), std::int32_t{0});
     bag.write(u"MessageShow", d->settings.messageShow, true);
     bag.write(u"Mode", d->settings.mode, std::int32_t{0});
-    bag.write(u"DefaultValue", d->defaultValue, u"");
+    bag.write(u"DefaultValue", defaultValue(), u"");
     bag.write(u"KeyName", keyName(), u"");
     bag.write(u"SectionName", sectionName(), u"");
     bag.write(u"ValidateAtLostFocus", d->validateAtLostFocus, true);
@@ -269,16 +267,8 @@ void FileNameBox::cls() {
     // The surface holds no run-time drawing of its own; the name in the box is kept.
 }
 
-void FileNameBox::restore() {
-    txt().setText(d->storedValue.toString());
-}
-
 void FileNameBox::restoreDefault() {
-    setValue(d->defaultValue);
-}
-
-void FileNameBox::store() {
-    d->storedValue = txt().text();
+    setValue(defaultValue());
 }
 
 bool FileNameBox::cancel() {
@@ -287,17 +277,6 @@ bool FileNameBox::cancel() {
 
 bool FileNameBox::validateValue() {
     return validateFileName();
-}
-
-std::u16string FileNameBox::defaultValue() const {
-    return d->defaultValue;
-}
-
-void FileNameBox::setDefaultValue(std::u16string v) {
-    requireDesignTime();
-    d->defaultValue = v;
-    propertyChanged(u"DefaultValue");
-    setValue(std::move(v));
 }
 
 std::u16string FileNameBox::fileBody() {

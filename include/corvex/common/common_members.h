@@ -94,8 +94,21 @@ public:
     /// Sets the text of every box.
     void setText(std::u16string t);
 
+    /// Puts the stored text back into every box; with nothing stored they are emptied.
+    void restore();
+    /// Stores the read box's text.
+    void store();
+    /// The design-time default text.
+    std::u16string defaultValue() const;
+    /// Sets the default (design time only: 382 at run time), then Value to it.
+    void setDefaultValue(std::u16string v);
+    /// Sets the control's value, the text of its boxes, as the control defines it.
+    virtual void setValue(std::u16string v) = 0;
+
 protected:
     using CommonControl::CommonControl;
+    /// Sets the default text as loaded or initialised, signalling nothing.
+    void loadDefaultValue(std::u16string v) { defaultValue_ = std::move(v); }
     /// The text box the members read.
     virtual TextBox& textWidget() const = 0;
     /// Calls f on every text box of the control: the read box alone unless it has several.
@@ -107,6 +120,9 @@ private:
     /// Lets value into every text box through set, then signals name.
     template <class P, class V>
     void letEach(void (TextBox::*set)(P), const V& value, std::u16string_view name);
+
+    std::u16string defaultValue_;
+    Variant storedValue_;  // Empty until the first Store
 };
 
 }  // namespace corvex

@@ -26,19 +26,11 @@ public:
 
     /// Empties all four boxes.
     void cls();
-    /// Puts the stored text into all four boxes (nothing stored empties them).
-    void restore();
     /// Puts DefaultValue into all four boxes, signalling nothing.
     void restoreDefault();
-    /// Stores the visible box's text.
-    void store();
     /// Does nothing and returns False, whatever the property name.
     bool canPropertyChange(Variant& propertyName);
 
-    /// The design-time default text.
-    std::u16string defaultValue() const;
-    /// Sets the default (design time only: 382 at run time), then Value to it.
-    void setDefaultValue(std::u16string v);
     /// Which box (scroll-bar style) is visible.
     ScrollBarsMode scrollBars() const;
     /// Shows the box of that style; a value outside 0 to 3 is kept and hides all four.
@@ -46,7 +38,7 @@ public:
     /// The value: the text.
     std::u16string value() const;
     /// Sets the text of all four boxes as the value.
-    void setValue(std::u16string v);
+    void setValue(std::u16string v) override;
 
 protected:
     void widgetEvent(Widget& source, WidgetEvent& event) override;

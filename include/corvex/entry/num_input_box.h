@@ -21,21 +21,13 @@ public:
 
     /// Empties the box (DefaultValue is not used).
     void cls();
-    /// Puts the stored text back; with nothing stored the box is emptied.
-    void restore();
     /// Sets Value to DefaultValue.
     void restoreDefault();
-    /// Stores the text.
-    void store();
     /// The negation of the validation, for a host's Validate handler.
     bool cancel();
     /// Validates (and normalises) the text; shows a message on failure.
     bool validateValue();
 
-    /// The design-time default text.
-    std::u16string defaultValue() const;
-    /// Sets the default (design time only: 382 at run time), then Value to it.
-    void setDefaultValue(std::u16string v);
     /// True once any conversion failed; never reset.
     bool errFlag() const;
     /// Whether validation checks the limits.
@@ -81,7 +73,7 @@ public:
     /// The value: the text.
     std::u16string value() const;
     /// Sets the text as the value.
-    void setValue(std::u16string v);
+    void setValue(std::u16string v) override;
     /// The base added to processing error numbers.
     std::int32_t errBase() const;
     /// Sets the error base.

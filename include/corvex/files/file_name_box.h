@@ -25,21 +25,13 @@ public:
 
     /// Clears run-time drawing of the surface (there is none); the text stays.
     void cls();
-    /// Puts the stored text back (nothing stored empties the box).
-    void restore();
     /// Sets Value to DefaultValue.
     void restoreDefault();
-    /// Stores the text.
-    void store();
     /// True when the name is not acceptable, for a host's Validate handler.
     bool cancel();
     /// Validates the name (syntax, then existence by Mode), with warnings.
     bool validateValue();
 
-    /// The design-time default text.
-    std::u16string defaultValue() const;
-    /// Sets the default (design time only: 382 at run time), then Value to it.
-    void setDefaultValue(std::u16string v);
     /// StripExtension of FileTitle; "" when the name is not valid.
     std::u16string fileBody();
     /// Everything before the first colon (never validated).
@@ -73,7 +65,7 @@ public:
     /// The value: the text.
     std::u16string value() const;
     /// Sets the text as the value.
-    void setValue(std::u16string v);
+    void setValue(std::u16string v) override;
     /// The short form of the name; "" when not valid or not found.
     std::u16string shortFileName();
     /// Each element in its stored spelling; "" when not valid or not found.
