@@ -12,10 +12,15 @@
 #include "corvex/library/memory_bag.h"
 #include "corvex/platform/list_widgets.h"
 #include "support/harness.h"
+#include "support/list_checks.h"
 
 using namespace corvex;
 using corvex::testing::ClassOnHost;
+using corvex::testing::errorOf;
 using corvex::testing::Harness;
+using corvex::testing::itemDataOf;
+using corvex::testing::itemsOf;
+using corvex::testing::lastMessageOf;
 
 namespace {
 
@@ -47,28 +52,6 @@ protected:
     ComboBox& cmb(const std::u16string& name = u"c") {
         return dynamic_cast<ComboBox&>(h->widget(name, u"cmbComboBoxEx"));
     }
-    std::vector<std::u16string> items(DropDownControl& c) {
-        std::vector<std::u16string> out;
-        for (std::int16_t i = 0; i < c.listCount(); ++i) out.push_back(c.list(i));
-        return out;
-    }
-    std::vector<std::int32_t> data(DropDownControl& c) {
-        std::vector<std::int32_t> out;
-        for (std::int16_t i = 0; i < c.listCount(); ++i) out.push_back(c.itemData(i));
-        return out;
-    }
-    std::u16string lastMessage() {
-        const auto boxes = h->messageBoxes();
-        return boxes.empty() ? u"" : boxes.back().text;
-    }
-    std::int32_t errorOf(const std::function<void()>& f) {
-        try {
-            f();
-        } catch (const Error& e) {
-            return e.number();
-        }
-        return 0;
-    }
 
     std::unique_ptr<Harness> h;
 };
@@ -80,7 +63,7 @@ TEST_P(DropDownTest, shouldDiscardAListAssignmentByRebuildingFromTheListText) {
     c.setListTexts(u"x|y");
     h->clearRecords(u"c");
     c.setList(0, u"z");
-    EXPECT_EQ(items(c), (Texts{u"x", u"y"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"x", u"y"}));
     EXPECT_EQ(h->changes(u"c"), (Texts{u"List"}));
 }
 
@@ -102,10 +85,10 @@ TEST_P(DropDownTest, shouldAddItemsAndClearWithoutTouchingTheTexts) {
     c.addItem(u"z", std::nullopt);
     EXPECT_EQ(c.newIndex(), 2);
     c.addItem(u"y", std::int16_t{0});
-    EXPECT_EQ(items(c), (Texts{u"y", u"a", u"b", u"z"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"y", u"a", u"b", u"z"}));
     EXPECT_EQ(c.newIndex(), 0);
     c.removeItem(1);
-    EXPECT_EQ(items(c), (Texts{u"y", u"b", u"z"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"y", u"b", u"z"}));
     c.clear();
     EXPECT_EQ(c.listCount(), 0);
     EXPECT_EQ(c.listTexts(), u"a|b");
@@ -135,15 +118,15 @@ TEST_P(DropDownTest, shouldReadPerItemEntriesOnlyForItemsPresentWhenLoadingStart
                    {u"List0", Variant(std::u16string(u"saved"))},
                    {u"ListTexts", Variant(std::u16string(u"a|b"))}});
     DropDownControl& c = load(bag);
-    EXPECT_EQ(items(c), (Texts{u"a", u"b"}));
-    EXPECT_EQ(data(c), (std::vector<std::int32_t>{0, 0}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"a", u"b"}));
+    EXPECT_EQ(itemDataOf(c), (std::vector<std::int32_t>{0, 0}));
 
     // A control that already holds items when loading starts reads their entries, and
     // the rebuild from ListTexts then replaces them.
     DropDownControl& d = add(u"d");
     d.addItem(u"old", std::nullopt);
     d.readProperties(bag);
-    EXPECT_EQ(items(d), (Texts{u"a", u"b"}));
+    EXPECT_EQ(itemsOf(d), (Texts{u"a", u"b"}));
 }
 
 TEST_P(DropDownTest, shouldTakeTheComboBoxHeightAndGiveItTheWidth) {

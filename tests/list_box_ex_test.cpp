@@ -11,10 +11,15 @@
 #include "corvex/library/memory_bag.h"
 #include "corvex/platform/list_box.h"
 #include "support/harness.h"
+#include "support/list_checks.h"
 
 using namespace corvex;
+using corvex::testing::errorOf;
 using corvex::testing::Harness;
 using corvex::testing::HarnessMaker;
+using corvex::testing::itemDataOf;
+using corvex::testing::itemsOf;
+using corvex::testing::lastMessageOf;
 
 namespace {
 
@@ -52,28 +57,6 @@ protected:
         probe->addItem(text, std::nullopt);
         return probe->widestItem();
     }
-    Texts items(ListBoxEx& c) {
-        Texts out;
-        for (std::int16_t i = 0; i < c.listCount(); ++i) out.push_back(c.list(i));
-        return out;
-    }
-    std::vector<std::int32_t> data(ListBoxEx& c) {
-        std::vector<std::int32_t> out;
-        for (std::int16_t i = 0; i < c.listCount(); ++i) out.push_back(c.itemData(i));
-        return out;
-    }
-    std::u16string lastMessage() {
-        const auto boxes = h->messageBoxes();
-        return boxes.empty() ? u"" : boxes.back().text;
-    }
-    std::int32_t errorOf(const std::function<void()>& f) {
-        try {
-            f();
-        } catch (const Error& e) {
-            return e.number();
-        }
-        return 0;
-    }
 
     std::unique_ptr<Harness> h;
     ListBoxEx* probe = nullptr;
@@ -86,7 +69,7 @@ TEST_P(ListBoxExTest, shouldAppendAnItemAddedAtIndexZero) {
     c.addItem(u"a", std::nullopt);
     c.addItem(u"b", std::nullopt);
     c.addItem(u"x", std::int16_t{0});
-    EXPECT_EQ(items(c), (Texts{u"a", u"b", u"x"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"a", u"b", u"x"}));
     EXPECT_EQ(c.newIndex(), 2);
 }
 
@@ -94,7 +77,7 @@ TEST_P(ListBoxExTest, shouldInsertAtAnIndexOtherThanZero) {
     ListBoxEx& c = add();
     c.setListTexts(u"a|b");
     c.addItem(u"x", std::int16_t{1});
-    EXPECT_EQ(items(c), (Texts{u"a", u"x", u"b"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"a", u"x", u"b"}));
 }
 
 TEST_P(ListBoxExTest, shouldPassOnTheInnerErrorOfAnIndexBeyondTheList) {
@@ -102,7 +85,7 @@ TEST_P(ListBoxExTest, shouldPassOnTheInnerErrorOfAnIndexBeyondTheList) {
     c.setListTexts(u"a|b");
     EXPECT_EQ(errorOf([&] { c.addItem(u"x", std::int16_t{5}); }), 5);
     EXPECT_EQ(errorOf([&] { c.removeItem(7); }), 381);
-    EXPECT_EQ(items(c), (Texts{u"a", u"b"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"a", u"b"}));
 }
 
 TEST_P(ListBoxExTest, shouldGiveALongItemTheExtentAtOnceWhileAutoRefreshIsOn) {
@@ -197,7 +180,7 @@ TEST_P(ListBoxExTest, shouldKeepTheOldWiderExtentAfterAShortListText) {
     const std::int32_t wide = extent();
     ASSERT_EQ(wide, widthOf(kLong));
     c.setListTexts(u"a|b");
-    EXPECT_EQ(items(c), (Texts{u"a", u"b"}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"a", u"b"}));
     EXPECT_EQ(c.widestItem(), widthOf(kLong));
     EXPECT_EQ(extent(), wide);
 }
@@ -221,7 +204,7 @@ TEST_P(ListBoxExTest, shouldSetAListEntryWithoutRebuildOrNewMeasure) {
     c.setListTexts(u"x|y");
     h->clearRecords(u"c");
     c.setList(0, kLong);
-    EXPECT_EQ(items(c), (Texts{kLong, u"y"}));
+    EXPECT_EQ(itemsOf(c), (Texts{kLong, u"y"}));
     EXPECT_EQ(c.listTexts(), u"x|y");
     EXPECT_EQ(c.widestItem(), widthOf(u"x"));
     EXPECT_EQ(h->changes(u"c"), (Texts{u"List"}));
@@ -309,7 +292,7 @@ TEST_P(ListBoxExTest, shouldGiveNoExtentToShortItemsLoadedIntoAWideList) {
     MemoryBag exact({{u"ListTexts", Variant(std::u16string(u"a|b"))},
                      {u"ItemDataNums", Variant(std::u16string(u"7|8"))}});
     ListBoxEx& e = load(exact, u"e");
-    EXPECT_EQ(items(e), (Texts{u"a", u"b"}));
+    EXPECT_EQ(itemsOf(e), (Texts{u"a", u"b"}));
     EXPECT_EQ(extent(u"e"), 0);
 }
 
@@ -319,7 +302,7 @@ TEST_P(ListBoxExTest, shouldRebuildMeasureAndSelectTheDefaultWhenLoading) {
                    {u"ListIndex", Variant(std::int16_t{2})},
                    {u"ListTexts", Variant(u"a|b|" + kLong)}});
     ListBoxEx& c = load(bag);
-    EXPECT_EQ(items(c), (Texts{u"a", u"b", kLong}));
+    EXPECT_EQ(itemsOf(c), (Texts{u"a", u"b", kLong}));
     EXPECT_FALSE(c.autoRefreshScrollBar());
     EXPECT_EQ(c.listIndex(), 1);
     // The rebuild measured every item, though with the flag off it set no extent.

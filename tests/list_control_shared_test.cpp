@@ -13,10 +13,15 @@
 #include "corvex/lists/drop_down_combo.h"
 #include "corvex/lists/list_box_ex.h"
 #include "support/harness.h"
+#include "support/list_checks.h"
 
 using namespace corvex;
 using corvex::testing::ClassOnHost;
+using corvex::testing::errorOf;
 using corvex::testing::Harness;
+using corvex::testing::itemDataOf;
+using corvex::testing::itemsOf;
+using corvex::testing::lastMessageOf;
 
 namespace {
 
@@ -25,10 +30,10 @@ using Numbers = std::vector<std::int32_t>;
 
 /// One list class: its members the common base does not declare, and what it alone answers.
 struct ListClassRow {
-    const ClassInfo* cls;                                                       ///< the class
-    std::function<std::int16_t(ListControl&)> listCount;                        ///< ListCount
-    std::function<std::u16string(ListControl&, std::int16_t)> list;             ///< List(i)
-    std::function<std::int32_t(ListControl&, std::int16_t)> itemData;           ///< ItemData(i)
+    const ClassInfo* cls;                                              ///< the class
+    std::function<Texts(ListControl&)> items;                          ///< the item texts, in order
+    std::function<Numbers(ListControl&)> data;                         ///< the item data, in order
+    std::function<std::int32_t(ListControl&, std::int16_t)> itemData;  ///< ItemData(i)
     std::function<void(ListControl&, std::int16_t, std::int32_t)> setItemData;  ///< ItemData(i) =
     std::function<void(ListControl&, std::u16string)> addItem;  ///< AddItem, appended
     std::function<std::u16string(ListControl&)> text;           ///< Text
@@ -39,8 +44,8 @@ struct ListClassRow {
 template <class C>
 ListClassRow rowOf(const ClassInfo& cls, Texts readsWhenEmpty, Texts readsWithOneItem) {
     return {&cls,
-            [](ListControl& c) { return dynamic_cast<C&>(c).listCount(); },
-            [](ListControl& c, std::int16_t i) { return dynamic_cast<C&>(c).list(i); },
+            [](ListControl& c) { return itemsOf(dynamic_cast<C&>(c)); },
+            [](ListControl& c) { return itemDataOf(dynamic_cast<C&>(c)); },
             [](ListControl& c, std::int16_t i) { return dynamic_cast<C&>(c).itemData(i); },
             [](ListControl& c, std::int16_t i, std::int32_t v) {
                 dynamic_cast<C&>(c).setItemData(i, v);
@@ -109,28 +114,8 @@ protected:
     ListControl& load(MemoryBag& bag, const std::u16string& name = u"c") {
         return dynamic_cast<ListControl&>(h->load(*GetParam().cls, name, bag));
     }
-    Texts items(ListControl& c) {
-        Texts out;
-        for (std::int16_t i = 0; i < row().listCount(c); ++i) out.push_back(row().list(c, i));
-        return out;
-    }
-    Numbers data(ListControl& c) {
-        Numbers out;
-        for (std::int16_t i = 0; i < row().listCount(c); ++i) out.push_back(row().itemData(c, i));
-        return out;
-    }
-    std::u16string lastMessage() {
-        const auto boxes = h->messageBoxes();
-        return boxes.empty() ? u"" : boxes.back().text;
-    }
-    std::int32_t errorOf(const std::function<void()>& f) {
-        try {
-            f();
-        } catch (const Error& e) {
-            return e.number();
-        }
-        return 0;
-    }
+    Texts items(ListControl& c) { return row().items(c); }
+    Numbers data(ListControl& c) { return row().data(c); }
 
     std::unique_ptr<Harness> h;
 };
@@ -190,7 +175,7 @@ TEST_P(ListControlTest, shouldRefuseANegativeItemDataTextAndKeepTheOldOne) {
     c.setItemDataNums(u"1|2");
     h->clearRecords(u"c");
     c.setItemDataNums(u"-1|2");
-    EXPECT_EQ(lastMessage(), u"Irregal string.");
+    EXPECT_EQ(lastMessageOf(*h), u"Irregal string.");
     EXPECT_EQ(h->messageBoxes().back().style, 16);
     EXPECT_EQ(h->messageBoxes().back().title, u"Warning!!");
     EXPECT_EQ(c.itemDataNums(), u"1|2");
@@ -202,7 +187,7 @@ TEST_P(ListControlTest, shouldRefuseABlankInTheItemDataTextInJapaneseUnderLocale
     c.setListTexts(u"a|b");
     h->setLocaleId(1041);
     c.setItemDataNums(u"1 2");
-    EXPECT_EQ(lastMessage(), u"不正な文字列です");
+    EXPECT_EQ(lastMessageOf(*h), u"不正な文字列です");
     EXPECT_EQ(h->messageBoxes().back().title, u"警告!!");
     EXPECT_EQ(c.itemDataNums(), u"");
 }
@@ -211,7 +196,7 @@ TEST_P(ListControlTest, shouldStopAtTheThirdItemOnATrailingDelimiterOfItemData) 
     ListControl& c = add();
     c.setListTexts(u"a|b|c");
     c.setItemDataNums(u"1|2|");
-    EXPECT_EQ(lastMessage(), u"Irregal string.");
+    EXPECT_EQ(lastMessageOf(*h), u"Irregal string.");
     EXPECT_EQ(data(c), (Numbers{1, 2, 0}));
     EXPECT_EQ(c.itemDataNums(), u"1|2|") << "the text passed the character check";
 }
@@ -258,7 +243,7 @@ TEST_P(ListControlTest, shouldAcceptMinusOneAsDefaultOnAnEmptyList) {
 TEST_P(ListControlTest, shouldRefuseDefaultZeroOnAnEmptyList) {
     ListControl& c = add();
     c.setDefaultValue(0);
-    EXPECT_EQ(lastMessage(), u"Out of now maximum list number.");
+    EXPECT_EQ(lastMessageOf(*h), u"Out of now maximum list number.");
     EXPECT_EQ(c.defaultValue(), -1);
 }
 
@@ -267,7 +252,7 @@ TEST_P(ListControlTest, shouldRefuseADefaultBelowMinusOne) {
     c.setListTexts(u"a|b");
     h->clearRecords(u"c");
     c.setDefaultValue(-2);
-    EXPECT_EQ(lastMessage(), u"Enter not less than -1 .");
+    EXPECT_EQ(lastMessageOf(*h), u"Enter not less than -1 .");
     EXPECT_EQ(h->messageBoxes().back().title, u"Warning!!");
     EXPECT_EQ(c.defaultValue(), -1);
     EXPECT_TRUE(h->changes(u"c").empty());
@@ -277,9 +262,9 @@ TEST_P(ListControlTest, shouldShowTheJapaneseRefusalsUnderLocale1041) {
     ListControl& c = add();
     h->setLocaleId(1041);
     c.setDefaultValue(0);
-    EXPECT_EQ(lastMessage(), u"現在のリスト番号の最大値を越えています");
+    EXPECT_EQ(lastMessageOf(*h), u"現在のリスト番号の最大値を越えています");
     c.setDefaultValue(-2);
-    EXPECT_EQ(lastMessage(), u"-1以上の値を入力して下さい");
+    EXPECT_EQ(lastMessageOf(*h), u"-1以上の値を入力して下さい");
     EXPECT_EQ(h->messageBoxes().back().title, u"警告!!");
     EXPECT_EQ(c.defaultValue(), -1);
 }
@@ -429,7 +414,7 @@ TEST_P(ListControlTest, shouldApplyTheLoadedItemDataAndShowTheRefusalOfAWrongEle
                    {u"ItemDataNums", Variant(std::u16string(u"3|x"))}});
     ListControl& c = load(bag);
     EXPECT_EQ(data(c), (Numbers{3, 0}));
-    EXPECT_EQ(lastMessage(), u"Irregal string.");
+    EXPECT_EQ(lastMessageOf(*h), u"Irregal string.");
 }
 
 INSTANTIATE_TEST_SUITE_P(Hosts, ListControlTest, ::testing::ValuesIn(cases()),
