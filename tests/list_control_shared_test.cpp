@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 
 #include "corvex/common/error.h"
 #include "corvex/library/memory_bag.h"
@@ -35,14 +36,20 @@ struct ListClassRow {
     std::function<Numbers(ListControl&)> data;                         ///< the item data, in order
     std::function<std::int32_t(ListControl&, std::int16_t)> itemData;  ///< ItemData(i)
     std::function<void(ListControl&, std::int16_t, std::int32_t)> setItemData;  ///< ItemData(i) =
-    std::function<void(ListControl&, std::u16string)> addItem;  ///< AddItem, appended
-    std::function<std::u16string(ListControl&)> text;           ///< Text
+    std::function<void(ListControl&, std::u16string, std::optional<std::int16_t>)>
+        addItem;                                                              ///< AddItem
+    std::function<void(ListControl&, std::int16_t)> removeItem;               ///< RemoveItem
+    std::function<void(ListControl&, std::int16_t, std::u16string)> setList;  ///< List(i) =
+    std::function<std::u16string(ListControl&)> text;                         ///< Text
     Texts readsWhenEmpty;    ///< the bag entries read, in order, by a control without items
     Texts readsWithOneItem;  ///< the same by a control that holds one item
+    std::int32_t removeOutsideError;  ///< the inner box's error for RemoveItem past the end
 };
 
+/// The row of a class whose controls are made on C.
 template <class C>
-ListClassRow rowOf(const ClassInfo& cls, Texts readsWhenEmpty, Texts readsWithOneItem) {
+ListClassRow rowOf(const ClassInfo& cls, Texts readsWhenEmpty, Texts readsWithOneItem,
+                   std::int32_t removeOutsideError) {
     return {&cls,
             [](ListControl& c) { return itemsOf(dynamic_cast<C&>(c)); },
             [](ListControl& c) { return itemDataOf(dynamic_cast<C&>(c)); },
@@ -50,15 +57,21 @@ ListClassRow rowOf(const ClassInfo& cls, Texts readsWhenEmpty, Texts readsWithOn
             [](ListControl& c, std::int16_t i, std::int32_t v) {
                 dynamic_cast<C&>(c).setItemData(i, v);
             },
-            [](ListControl& c, std::u16string item) {
-                dynamic_cast<C&>(c).addItem(std::move(item), std::nullopt);
+            [](ListControl& c, std::u16string item, std::optional<std::int16_t> index) {
+                dynamic_cast<C&>(c).addItem(std::move(item), index);
+            },
+            [](ListControl& c, std::int16_t i) { dynamic_cast<C&>(c).removeItem(i); },
+            [](ListControl& c, std::int16_t i, std::u16string v) {
+                dynamic_cast<C&>(c).setList(i, std::move(v));
             },
             [](ListControl& c) { return dynamic_cast<C&>(c).text(); },
             std::move(readsWhenEmpty),
-            std::move(readsWithOneItem)};
+            std::move(readsWithOneItem),
+            removeOutsideError};
 }
 
 const std::vector<ListClassRow>& rows() {
+    // A combo box and a list box fail RemoveItem past the end each with their own error.
     // The drop-downs read the per-item entries of the items present when loading starts,
     // after Font; ListBoxEx keeps its own order and reads no per-item entries at all.
     static const Texts dropDownEmpty{u"BackColor", u"ForeColor", u"Enabled",      u"IMEMode",
@@ -73,9 +86,11 @@ const std::vector<ListClassRow>& rows() {
                                  u"DefaultValue", u"ItemDataNums", u"KeyName",
                                  u"ListTexts",    u"SectionName"};
     static const std::vector<ListClassRow> all{
-        rowOf<DropDownControl>(DropDownCombo::staticClassInfo(), dropDownEmpty, dropDownOne),
-        rowOf<DropDownControl>(DropDownList::staticClassInfo(), dropDownEmpty, dropDownOne),
-        rowOf<ListBoxEx>(ListBoxEx::staticClassInfo(), listBoxEx, listBoxEx),
+        rowOf<DropDownControl>(DropDownCombo::staticClassInfo(), dropDownEmpty, dropDownOne,
+                               err::InvalidProcedureCall),
+        rowOf<DropDownControl>(DropDownList::staticClassInfo(), dropDownEmpty, dropDownOne,
+                               err::InvalidProcedureCall),
+        rowOf<ListBoxEx>(ListBoxEx::staticClassInfo(), listBoxEx, listBoxEx, 381),
     };
     return all;
 }
@@ -229,6 +244,18 @@ TEST_P(ListControlTest, shouldSetItemDataWithoutChangingTheText) {
     row().setItemData(c, 1, -9);
     EXPECT_EQ(row().itemData(c, 1), -9);
     EXPECT_EQ(c.itemDataNums(), u"");
+}
+
+TEST_P(ListControlTest, shouldPassOnTheInnerBoxsErrorsForIndexesOutsideTheList) {
+    ListControl& c = add();
+    EXPECT_EQ(errorOf([&] { row().setList(c, 2, u"z"); }), 381);
+    c.setListTexts(u"a");
+    EXPECT_EQ(errorOf([&] { c.setListIndex(3); }), err::InvalidPropertyValue);
+    EXPECT_EQ(errorOf([&] { row().itemData(c, 1); }), 381);
+    EXPECT_EQ(errorOf([&] { row().addItem(c, u"x", std::int16_t{5}); }), err::InvalidProcedureCall);
+    EXPECT_EQ(errorOf([&] { row().removeItem(c, 4); }), row().removeOutsideError);
+    EXPECT_EQ(errorOf([&] { row().removeItem(c, 7); }), row().removeOutsideError);
+    EXPECT_EQ(items(c), (Texts{u"a"}));
 }
 
 // --- DefaultValue --------------------------------------------------------------------
@@ -394,7 +421,7 @@ TEST_P(ListControlTest, shouldReadItsEntriesInItsOwnOrderWithoutItems) {
 
 TEST_P(ListControlTest, shouldReadItsEntriesInItsOwnOrderWithAnItemPresent) {
     ListControl& c = add();
-    row().addItem(c, u"x");
+    row().addItem(c, u"x", std::nullopt);
     RecordingBag bag;
     c.readProperties(bag);
     EXPECT_EQ(bag.reads, row().readsWithOneItem);
