@@ -356,7 +356,9 @@ TEST_P(ListControlTest, shouldRestoreTheStoredSelectionAfterCls) {
 TEST_P(ListControlTest, shouldClearTheSelectionAgainOnRestoreOfAStoredMinusOne) {
     ListControl& c = add();
     c.setListTexts(u"a|b|c");
+    c.setDefaultValue(2);
     c.cls();
+    ASSERT_EQ(c.listIndex(), -1);
     c.store();
     c.setListIndex(1);
     c.restore();
