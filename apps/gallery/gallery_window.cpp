@@ -21,6 +21,7 @@
 #include <deque>
 #include <map>
 
+#include "buttons.h"
 #include "corvex/common/boolean_box.h"
 #include "corvex/common/text.h"
 #include "corvex/entry/memo_box.h"
@@ -379,10 +380,7 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
 
     auto* buttons = new QHBoxLayout;
     const auto addButton = [&](const QString& text, auto action) {
-        auto* b = new QPushButton(text, this);
-        b->setObjectName(text);
-        connect(b, &QPushButton::clicked, this, action);
-        buttons->addWidget(b);
+        addNamedButton(*buttons, this, text, action);
     };
     addButton(QStringLiteral("Save values"), [this] { saveValues(); });
     addButton(QStringLiteral("Load values"), [this] { loadValues(); });

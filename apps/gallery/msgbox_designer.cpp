@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "buttons.h"
 #include "corvex/library/class_table.h"
 #include "corvex/library/memory_bag.h"
 #include "corvex/qt/control_host.h"
@@ -53,10 +54,7 @@ MessageBoxDesigner::MessageBoxDesigner(QWidget* parent)
 
     auto* buttons = new QHBoxLayout;
     const auto addButton = [&](const QString& text, auto action) {
-        auto* b = new QPushButton(text, this);
-        b->setObjectName(text);
-        connect(b, &QPushButton::clicked, this, action);
-        buttons->addWidget(b);
+        addNamedButton(*buttons, this, text, action);
     };
     addButton(QStringLiteral("Apply"), [this] { apply(); });
     addButton(QStringLiteral("Show the box"), [this] { tryIt(); });
