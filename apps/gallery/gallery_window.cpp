@@ -136,13 +136,15 @@ const std::vector<GalleryEntry>& galleryEntries() {
          u"Options and separators",
          {{u"Mode", std::int32_t{1}}},
          false,
-         u"Vertical separator"},
+         u"Vertical separator",
+         GallerySettings::UprightLine},
         {&MoveList::staticClassInfo,
          u"columns",
          u"Choosing from lists",
          {},
          false,
-         u"Columns shown (MoveList)"},
+         u"Columns shown (MoveList)",
+         GallerySettings::Candidates},
         {&DropDownCombo::staticClassInfo,
          u"fruit",
          u"Lists",
@@ -338,13 +340,12 @@ GalleryWindow::GalleryWindow(qt::QtHost& host, QWidget* parent)
         if (entry.settings == GallerySettings::Options) {
             group.grid->addWidget(optionSettings(groupBox, control, name), row, 2, Qt::AlignTop);
         }
-        if (&entry.classInfo() == &ShadowedLine::staticClassInfo() &&
-            getProperty(*control->object(), u"Mode").toLong() == 1) {
+        if (entry.settings == GallerySettings::UprightLine) {
             // A vertical separator stands as high as a few lines of text.
             control->setFixedHeight(48);
             control->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
         }
-        if (&entry.classInfo() == &MoveList::staticClassInfo()) {
+        if (entry.settings == GallerySettings::Candidates) {
             // A few candidates to choose from, and room for the button columns.
             control->setFixedHeight(160);
             Variant items(ObjectRef(VariantArray::make(

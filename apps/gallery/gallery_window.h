@@ -48,6 +48,10 @@ enum class GallerySettings {
     /// "<name>About" (ShowAbout) and "<name>Properties" (its four pages in a tabbed
     /// property dialog); the chosen name or the cancel shows in "<name>Result" and the log.
     FileDialog,
+    /// A vertical separator: as high as a few lines of text, no wider than it needs.
+    UprightLine,
+    /// A two-list mover with a few candidates on its left, and room for its buttons.
+    Candidates,
 };
 
 /// One control shown in the gallery.
